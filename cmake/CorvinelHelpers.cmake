@@ -1,0 +1,41 @@
+# Helpers shared by the subsystem directories, so that a new subsystem only
+# touches its own CMakeLists.txt.
+
+# All subdirectories of DIR that carry a CMakeLists.txt, in name order.
+function(corvinel_add_subdirectories dir)
+  file(GLOB children LIST_DIRECTORIES true "${dir}/*")
+  list(SORT children)
+  foreach(child IN LISTS children)
+    if(IS_DIRECTORY "${child}" AND EXISTS "${child}/CMakeLists.txt")
+      add_subdirectory("${child}")
+    endif()
+  endforeach()
+endfunction()
+
+# corvinel_add_test(NAME source...)
+# One GoogleTest executable linked against the module's objects (internal
+# symbols included), registered with CTest test by test.
+function(corvinel_add_test name)
+  add_executable(${name} ${ARGN})
+  target_link_libraries(${name} PRIVATE corvinel_objects corvinel_test_support GTest::gtest GTest::gmock GTest::gtest_main)
+  target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/src" "${PROJECT_SOURCE_DIR}/tests")
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
+    PROPERTIES ENVIRONMENT "CORVINEL_MODULE=$<TARGET_FILE:corvinel>;CORVINEL_FMT=$<TARGET_FILE:corvinel-fmt>")
+endfunction()
+
+# corvinel_add_generator(NAME COMMAND cmd... [DEPENDS target...])
+# A target regen-NAME that rewrites committed generated sources in the source
+# tree. Generators run on demand only, never as part of the normal build;
+# regen-all runs every one of them (CI then checks that git sees no change).
+function(corvinel_add_generator name)
+  cmake_parse_arguments(GEN "" "" "COMMAND;DEPENDS" ${ARGN})
+  add_custom_target(regen-${name}
+    COMMAND ${GEN_COMMAND}
+    WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}"
+    COMMENT "Regenerating ${name}"
+    VERBATIM)
+  if(GEN_DEPENDS)
+    add_dependencies(regen-${name} ${GEN_DEPENDS})
+  endif()
+  add_dependencies(regen-all regen-${name})
+endfunction()

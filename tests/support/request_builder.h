@@ -1,0 +1,71 @@
+// A fmtreq over a guarded buffer, for tests that call formats directly.
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstring>
+#include <string>
+
+#include "corvinel/fmtreq.h"
+
+namespace corvinel::testing {
+
+// Owns the value and an output buffer with guard bytes after `capacity`, and
+// can check afterwards that the format left the guards and the request
+// fields it must restore untouched.
+class Request {
+ public:
+  static constexpr std::size_t kGuard = 16;
+  static constexpr char kGuardByte = '\x5A';
+
+  Request(int32_t width, int32_t decimals, double value, int32_t capacity = -1)
+      : value_(value) {
+    if (capacity < 0) capacity = std::max(width, 0);
+    storage_.assign(static_cast<std::size_t>(capacity) + kGuard, kGuardByte);
+    std::memset(&req_, 0, sizeof req_);
+    req_.width = width;
+    req_.decimals = decimals;
+    req_.value = &value_;
+    req_.output = storage_.data();
+    req_.capacity = capacity;
+    req_.outlen = -12345;
+    before_ = req_;
+  }
+
+  fmtreq *get() { return &req_; }
+  fmtreq &operator*() { return req_; }
+  fmtreq *operator->() { return &req_; }
+
+  // The `outlen` bytes the format left.
+  std::string text() const {
+    const int32_t n = std::clamp(req_.outlen, 0, req_.capacity);
+    return std::string(storage_.data(), static_cast<std::size_t>(n));
+  }
+  // The first `width` bytes of the buffer, whatever outlen says.
+  std::string field() const {
+    const int32_t n = std::clamp(req_.width, 0, req_.capacity);
+    return std::string(storage_.data(), static_cast<std::size_t>(n));
+  }
+  bool guards_intact() const {
+    return std::all_of(storage_.end() - kGuard, storage_.end(),
+                       [](char c) { return c == kGuardByte; });
+  }
+  // Fields every format must hand back as it found them.
+  bool restored() const {
+    return req_.width == before_.width && req_.decimals == before_.decimals &&
+           req_.value == before_.value && req_.output == before_.output &&
+           req_.locale == before_.locale && req_.xcode_b == before_.xcode_b;
+  }
+
+ private:
+  double value_;
+  std::string storage_;
+  fmtreq req_;
+  fmtreq before_;
+};
+
+// The missing value with the given mark: '.', '_' or 'A'..'Z'.
+double missing(char mark);
+
+}  // namespace corvinel::testing
