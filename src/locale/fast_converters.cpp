@@ -69,9 +69,13 @@ CodesetStep utf8_to_single_byte(uint32_t limit, const char *in, int32_t n, char 
   int32_t written = 0;
   CodesetStep step = CodesetStep::kConverted;
   while (next < end) {
+    if (written == cap) {
+      step = CodesetStep::kNoRoom;
+      break;
+    }
     const uint32_t c = next_code_point(next);
-    if (c >= limit || written == cap) {
-      step = CodesetStep::kFailed;
+    if (c >= limit) {
+      step = CodesetStep::kUnconvertible;
       break;
     }
     out[written++] = static_cast<char>(c);
@@ -148,7 +152,7 @@ CodesetStep FastConverters::utf8_to_codeset(const SessionEncoding &encoding, con
   }
   iconv_t cd = thread_converter.for_codeset(encoding.name);
   if (cd == kNoConverter) return CodesetStep::kCannotOpen;
-  return run_iconv(cd, in, n, out, cap, len) ? CodesetStep::kConverted : CodesetStep::kFailed;
+  return run_iconv(cd, in, n, out, cap, len);
 }
 
 }  // namespace corvinel::locale

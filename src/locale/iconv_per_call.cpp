@@ -5,6 +5,7 @@
 
 #include <strings.h>
 
+#include <cerrno>
 #include <cstring>
 
 #include "locale/transcode_steps.h"
@@ -15,13 +16,13 @@ namespace {
 
 const iconv_t kNoConverter = reinterpret_cast<iconv_t>(-1);
 
-bool convert_once(const char *to, const char *from, const char *in, int32_t n, char *out,
-                  int32_t cap, int32_t *len) {
+CodesetStep convert_once(const char *to, const char *from, const char *in, int32_t n, char *out,
+                         int32_t cap, int32_t *len) {
   iconv_t cd = iconv_open(to, from);
-  if (cd == kNoConverter) return false;
-  const bool converted = run_iconv(cd, in, n, out, cap, len);
+  if (cd == kNoConverter) return CodesetStep::kCannotOpen;
+  const CodesetStep step = run_iconv(cd, in, n, out, cap, len);
   iconv_close(cd);
-  return converted;
+  return step;
 }
 
 }  // namespace
@@ -33,21 +34,22 @@ void name_session_encoding(const char *codeset, SessionEncoding &encoding) {
                   strncasecmp(encoding.name, "utf-8", 5) == 0;
 }
 
-bool run_iconv(void *cd, const char *in, int32_t n, char *out, int32_t cap, int32_t *len) {
+CodesetStep run_iconv(void *cd, const char *in, int32_t n, char *out, int32_t cap, int32_t *len) {
+  constexpr size_t kFailure = static_cast<size_t>(-1);
   auto *converter = static_cast<iconv_t>(cd);
   char *in_next = const_cast<char *>(in);
   size_t in_left = n > 0 ? static_cast<size_t>(n) : 0;
   char *out_next = out;
   size_t out_left = cap > 0 ? static_cast<size_t>(cap) : 0;
-  bool converted = iconv(converter, &in_next, &in_left, &out_next, &out_left) != static_cast<size_t>(-1) &&
-                   in_left == 0;
-  // Closes an open shift state, so that stateful codesets end clean.
-  if (converted) {
-    converted = iconv(converter, nullptr, nullptr, &out_next, &out_left) != static_cast<size_t>(-1);
+  CodesetStep step = CodesetStep::kConverted;
+  if (iconv(converter, &in_next, &in_left, &out_next, &out_left) == kFailure || in_left != 0) {
+    step = errno == E2BIG ? CodesetStep::kNoRoom : CodesetStep::kUnconvertible;
+  } else if (iconv(converter, nullptr, nullptr, &out_next, &out_left) == kFailure) {
+    step = CodesetStep::kNoRoom;  // no room to close a shift state
   }
   iconv(converter, nullptr, nullptr, nullptr, nullptr);
   *len = static_cast<int32_t>(out_next - out);
-  return converted;
+  return step;
 }
 
 void PerCallIconv::read_session_encoding(SessionEncoding &encoding) {
@@ -60,16 +62,12 @@ bool PerCallIconv::units_to_utf8(const unsigned char *units, int32_t n, char *ou
   // The units are stored low byte first, so the converter is told so: an
   // unmarked "UTF-16" would be read in the converter's own default order.
   return convert_once("UTF-8", "UTF-16LE", reinterpret_cast<const char *>(units), n, out, cap,
-                      len);
+                      len) == CodesetStep::kConverted;
 }
 
 CodesetStep PerCallIconv::utf8_to_codeset(const SessionEncoding &encoding, const char *in,
                                           int32_t n, char *out, int32_t cap, int32_t *len) {
-  iconv_t cd = iconv_open(encoding.name, "UTF-8");
-  if (cd == kNoConverter) return CodesetStep::kCannotOpen;
-  const bool converted = run_iconv(cd, in, n, out, cap, len);
-  iconv_close(cd);
-  return converted ? CodesetStep::kConverted : CodesetStep::kFailed;
+  return convert_once(encoding.name, "UTF-8", in, n, out, cap, len);
 }
 
 }  // namespace corvinel::locale

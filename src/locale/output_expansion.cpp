@@ -42,19 +42,21 @@ int32_t expand_output(int32_t outenc, int32_t *encout, char *buf, int32_t *len, 
   Converters::read_session_encoding(encoding);
   char result[kStepCapacity];
   int32_t result_len = 0;
+  TranscodeNotes notes;
   if (transcode_units<Converters>(encoding, units, n, result, kStepCapacity, &result_len,
-                                  FailingUnit::kFails) != kTranscoded) {
+                                  FailingUnit::kFails, notes) != kTranscoded) {
     return kExpansionImpossible;
   }
   // Fitting to the width: drop the last unit and convert again, so that a
   // character is never split (a surrogate pair may be: its first half then
-  // shows as "?").
+  // shows as "?").  A text that overflowed the 402-byte step is incomplete
+  // and is cut back the same way until it fits the step.
   bool shortened = false;
-  while (result_len > width && n > 0) {
+  while ((result_len > width || notes.overflowed) && n > 0) {
     n -= 2;
     shortened = true;
     if (transcode_units<Converters>(encoding, units, n, result, kStepCapacity, &result_len,
-                                    FailingUnit::kEndsText) != kTranscoded) {
+                                    FailingUnit::kEndsText, notes) != kTranscoded) {
       return kExpansionImpossible;
     }
   }
@@ -82,8 +84,9 @@ int32_t transcode_unicode(const char *encoding_name, const unsigned char *units,
   }
   SessionEncoding encoding;
   name_session_encoding(encoding_name, encoding);
+  TranscodeNotes notes;
   return transcode_units<Converters>(encoding, units, nbytes, out, outcap, outlen,
-                                     FailingUnit::kFails);
+                                     FailingUnit::kFails, notes);
 }
 
 }  // namespace

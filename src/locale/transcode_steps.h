@@ -25,12 +25,14 @@ struct SessionEncoding {
 // The session encoding from an explicit codeset name.
 void name_session_encoding(const char *codeset, SessionEncoding &encoding);
 
-// Outcome of the UTF-8 to codeset step.
-enum class CodesetStep { kConverted, kFailed, kCannotOpen };
+// Outcome of a conversion step.  A step that meets a character it cannot
+// convert and one that runs out of room both fail; which of the two comes
+// first is the C library's order: room is checked before the character.
+enum class CodesetStep { kConverted, kUnconvertible, kNoRoom, kCannotOpen };
 
-// Converts n bytes with iconv through `cd`, flushing any shift state; true
-// when every byte was converted and everything fits `cap`.  Resets `cd`.
-bool run_iconv(void *cd, const char *in, int32_t n, char *out, int32_t cap, int32_t *len);
+// Converts n bytes with iconv through `cd`, closing any shift state at the
+// end; *len gets the bytes written.  Resets `cd` for the next use.
+CodesetStep run_iconv(void *cd, const char *in, int32_t n, char *out, int32_t cap, int32_t *len);
 
 // Opens a converter for every step, as the conversion was first written.
 struct PerCallIconv {

@@ -34,12 +34,20 @@ inline int32_t room_of(int32_t cap) { return cap < kStepCapacity ? cap : kStepCa
 
 }  // namespace detail
 
+// How a conversion went besides its result code.
+struct TranscodeNotes {
+  // Some unit found no room left in the 402-byte step (or in `cap`): the
+  // text is incomplete, whatever its length.
+  bool overflowed = false;
+};
+
 // One unit (two bytes) into `out`: its characters, "?" when it does not
-// convert (half of a surrogate pair, a character the codeset lacks, or no
-// room), or kCodesetUnavailable with *len left at the unit's UTF-8 length.
+// convert (half of a surrogate pair, a character the codeset lacks, or too
+// little room), or kCodesetUnavailable with *len left at the unit's UTF-8
+// length.
 template <typename Converters>
 int32_t transcode_one_unit(const SessionEncoding &encoding, const unsigned char *unit, char *out,
-                           int32_t cap, int32_t *len) {
+                           int32_t cap, int32_t *len, TranscodeNotes &notes) {
   char utf8[kStepCapacity];
   int32_t utf8_len = 0;
   if (!Converters::units_to_utf8(unit, 2, utf8, kStepCapacity, &utf8_len)) {
@@ -51,6 +59,7 @@ int32_t transcode_one_unit(const SessionEncoding &encoding, const unsigned char 
       std::memcpy(out, utf8, static_cast<size_t>(utf8_len));
       *len = utf8_len;
     } else {
+      notes.overflowed = true;
       detail::write_question_mark(out, cap, len);
     }
     return kTranscoded;
@@ -63,7 +72,10 @@ int32_t transcode_one_unit(const SessionEncoding &encoding, const unsigned char 
     case CodesetStep::kConverted:
       *len = converted_len;
       return kTranscoded;
-    case CodesetStep::kFailed:
+    case CodesetStep::kNoRoom:
+      notes.overflowed = true;
+      break;
+    case CodesetStep::kUnconvertible:
       break;
   }
   detail::write_question_mark(out, cap, len);
@@ -73,9 +85,11 @@ int32_t transcode_one_unit(const SessionEncoding &encoding, const unsigned char 
 // n bytes of unit text into `out` (at most min(cap, 402) bytes are written).
 template <typename Converters>
 int32_t transcode_units(const SessionEncoding &encoding, const unsigned char *units, int32_t n,
-                        char *out, int32_t cap, int32_t *len, FailingUnit failing_unit) {
+                        char *out, int32_t cap, int32_t *len, FailingUnit failing_unit,
+                        TranscodeNotes &notes) {
   const int32_t room = detail::room_of(cap);
   *len = 0;
+  notes = TranscodeNotes{};
   char utf8[kStepCapacity];
   int32_t utf8_len = 0;
   if (Converters::units_to_utf8(units, n, utf8, kStepCapacity, &utf8_len)) {
@@ -93,7 +107,8 @@ int32_t transcode_units(const SessionEncoding &encoding, const unsigned char *un
         case CodesetStep::kConverted:
           *len = converted_len;
           return kTranscoded;
-        case CodesetStep::kFailed:
+        case CodesetStep::kNoRoom:
+        case CodesetStep::kUnconvertible:
           break;
       }
     }
@@ -108,8 +123,8 @@ int32_t transcode_units(const SessionEncoding &encoding, const unsigned char *un
   int32_t written = 0;
   for (int32_t i = 0; i + 1 < n; i += 2) {
     int32_t unit_len = 0;
-    const int32_t result =
-        transcode_one_unit<Converters>(encoding, units + i, out + written, room - written, &unit_len);
+    const int32_t result = transcode_one_unit<Converters>(encoding, units + i, out + written,
+                                                          room - written, &unit_len, notes);
     if (result != kTranscoded) {
       if (failing_unit == FailingUnit::kFails) return result;
       break;
