@@ -84,7 +84,23 @@ CodesetStep utf8_to_single_byte(uint32_t limit, const char *in, int32_t n, char 
   return step;
 }
 
+bool starts_with_ignoring_case(const char *text, const char *lower_prefix) {
+  for (; *lower_prefix != '\0'; ++text, ++lower_prefix) {
+    const char c = (*text >= 'A' && *text <= 'Z') ? static_cast<char>(*text + ('a' - 'A')) : *text;
+    if (c != *lower_prefix) return false;
+  }
+  return true;
+}
+
 }  // namespace
+
+void name_session_encoding(const char *codeset, SessionEncoding &encoding) {
+  const size_t length = codeset == nullptr ? 0 : strnlen(codeset, sizeof encoding.name - 1);
+  if (length > 0) std::memcpy(encoding.name, codeset, length);
+  encoding.name[length] = '\0';
+  encoding.utf8 = starts_with_ignoring_case(encoding.name, "utf8") ||
+                  starts_with_ignoring_case(encoding.name, "utf-8");
+}
 
 void FastConverters::read_session_encoding(SessionEncoding &encoding) {
   name_session_encoding(nl_langinfo(CODESET), encoding);

@@ -3,8 +3,6 @@
 #include <langinfo.h>
 #include <locale.h>
 
-#include <strings.h>
-
 #include <cerrno>
 #include <cstring>
 
@@ -27,12 +25,6 @@ CodesetStep convert_once(const char *to, const char *from, const char *in, int32
 
 }  // namespace
 
-void name_session_encoding(const char *codeset, SessionEncoding &encoding) {
-  std::memset(encoding.name, 0, sizeof encoding.name);
-  if (codeset != nullptr) std::strncpy(encoding.name, codeset, sizeof encoding.name - 1);
-  encoding.utf8 = strncasecmp(encoding.name, "utf8", 4) == 0 ||
-                  strncasecmp(encoding.name, "utf-8", 5) == 0;
-}
 
 CodesetStep run_iconv(void *cd, const char *in, int32_t n, char *out, int32_t cap, int32_t *len) {
   constexpr size_t kFailure = static_cast<size_t>(-1);
