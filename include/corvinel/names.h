@@ -8,7 +8,7 @@
 
 CORVINEL_EXTERN_C_BEGIN
 
-/* Number of encoding IDs (0..248) and of locale records (1..136). */
+/* Number of encoding IDs (0..248). */
 #define CORVINEL_ENCODING_IDS 249
 
 /* Result codes of the lookups. */
@@ -63,7 +63,9 @@ CORVINEL_API int32_t EncnameToID(char *name, int32_t length, uint32_t *id);
      3  UTF-32 (26 big-endian, 27 little-endian)
      4  stateful double-byte, switched by shift bytes or escapes
      5  double-byte with lead bytes (EUC, PC, Windows, Mac DBCS)
-   and -1 for the one ID the module holds no class for. */
+    -1  ID 0, which names no encoding
+   IDs that no name reaches (1-19, 21-23, 115, 116, 161, 162, 203, 204) are
+   the host's own numbers; their classes keep the host's class totals. */
 CORVINEL_API extern const int32_t EncodingMethod[CORVINEL_ENCODING_IDS];
 
 CORVINEL_EXTERN_C_END

@@ -55,11 +55,12 @@ constexpr IdRange kFamilies[] = {
     {159, 160, kDoubleByte},  // DEC-TW, DEC-CN
     {205, 205, kDoubleByte},  // GB18030
     {248, 248, kDoubleByte},  // SHIFT-JIS04
-    // IDs that no name reaches: the host's own numbers.  Their classes are
-    // carried over with the table, not derived from a name: 0 (no encoding
-    // named) has none, 21 is the host's second UTF-8 ID, 1-15 are stateful
-    // and 16-19, 22 and the two IDs after DEC-CN double-byte; 23, 115, 116,
-    // 203 and 204 are single-byte.
+    // IDs that no name reaches are the host's own numbers, and no family
+    // decides their class.  They are set so that the table keeps the class
+    // totals the host relies on (159 single-byte, 2 UTF-8, 49 stateful and
+    // 34 double-byte IDs): 0 names no encoding and has no class, 21 is the
+    // second UTF-8 ID, 1-15 are stateful, 16-19, 22 and the two IDs after
+    // DEC-CN double-byte; 23, 115, 116, 203 and 204 stay single-byte.
     {0, 0, kUnclassified},
     {1, 15, kStatefulDoubleByte},
     {16, 19, kDoubleByte},

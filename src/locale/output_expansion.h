@@ -24,8 +24,10 @@ inline constexpr int32_t kExpansionImpossible = 4;  // no conversion; buf untouc
 // non-hex digit counts as 0; U+00A4 becomes the currency marker U+0001); an
 // escape must lie wholly inside the text; a text shorter than 7 bytes has
 // none.  Every other byte becomes one unit.  A text of more than 200 units
-// cannot be converted (4).  Returns 4, 2, 1, or the result length minus
-// `width` when the text fits as it is.  Thread-safe; no allocation besides
+// cannot be converted (4).  A unit that does not convert becomes "?"; a
+// result that would pass the 402-byte step is cut back like one that passes
+// the width.  Returns 4, 2, 1, or the result length minus `width` when the
+// text fits as it is.  Thread-safe; no allocation besides
 // what iconv does when a new codeset is first met on a thread.
 int32_t getExpResultFromNarrowCharBuf(int32_t reserved, int32_t outenc, int32_t *encout, char *buf,
                                       int32_t *len, int32_t width, int32_t capacity);
