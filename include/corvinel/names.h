@@ -46,8 +46,8 @@ CORVINEL_LAYOUT_CHECK(sizeof(struct encname_bucket) == 2 * sizeof(void *));
    The five bytes of `name` are upper-cased in place (the caller's buffer
    changes), then looked up exactly: the separator must be "_".  Returns 0
    and the number in *id, or CORVINEL_LOCNAME_UNKNOWN with *id = 0 when
-   `length` is not 5, `name` is null or the code is unknown.  `id` must not
-   be null. */
+   `length` is not 5, `name` is null or the code is unknown (and returns
+   at once when `id` is null). */
 CORVINEL_API int32_t LocnameToID(char *name, int32_t length, uint32_t *id);
 
 /* Maps an encoding name such as "utf-8" or "EBCDIC1047" to its encoding ID.

@@ -275,6 +275,7 @@ constexpr std::array<encname_bucket, kEncodingNameBuckets> etable =
 
 extern "C" int32_t EncnameToID(char *name, int32_t length, uint32_t *id) {
   using namespace corvinel::locale;
+  if (id == nullptr) return CORVINEL_ENCNAME_UNKNOWN;
   *id = 0;
   if (length < 4 || name == nullptr) return CORVINEL_ENCNAME_UNKNOWN;
   upcase_ascii_letters(name, length);

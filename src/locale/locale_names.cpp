@@ -66,6 +66,7 @@ constexpr std::array<locname_bucket, kLocaleNameBuckets> table =
 
 extern "C" int32_t LocnameToID(char *name, int32_t length, uint32_t *id) {
   using namespace corvinel::locale;
+  if (id == nullptr) return CORVINEL_LOCNAME_UNKNOWN;
   *id = 0;
   if (length != 5 || name == nullptr) return CORVINEL_LOCNAME_UNKNOWN;
   upcase_ascii_letters(name, 5);

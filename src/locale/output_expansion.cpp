@@ -34,6 +34,7 @@ template <typename Converters>
 int32_t expand_output(int32_t outenc, int32_t *encout, char *buf, int32_t *len, int32_t width,
                       int32_t capacity) {
   if (buf == nullptr || len == nullptr || *len < 0) return kExpansionImpossible;
+  if (width < 0) width = 0;  // no text is shorter than empty
   unsigned char units[kStepCapacity];
   int32_t n = expand_escapes(buf, *len, units);
   if (n < 0) return kExpansionImpossible;

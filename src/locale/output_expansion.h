@@ -19,6 +19,7 @@ inline constexpr int32_t kExpansionImpossible = 4;  // no conversion; buf untouc
 //   outenc    25 delivers the UTF-16 code units themselves, low byte first
 //             (and sets *encout to 25); any other value the session encoding
 //   width     the longest result the format allows, in session-encoding bytes
+//             (a negative width counts as 0)
 //   capacity  the room of `buf` for the result
 // Escapes: "<", "U" or "u", four hexadecimal digits, ">" make one unit (a
 // non-hex digit counts as 0; U+00A4 becomes the currency marker U+0001); an

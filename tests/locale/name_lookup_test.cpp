@@ -86,6 +86,9 @@ TEST(NameLookup, NullNamesAreUnknown) {
   id = 7;
   EXPECT_EQ(EncnameToID(nullptr, 8, &id), CORVINEL_ENCNAME_UNKNOWN);
   EXPECT_EQ(id, 0u);
+  char name[] = "en_us";
+  EXPECT_EQ(LocnameToID(name, 5, nullptr), CORVINEL_LOCNAME_UNKNOWN);
+  EXPECT_EQ(EncnameToID(name, 5, nullptr), CORVINEL_ENCNAME_UNKNOWN);
 }
 
 // Every entry must sit in the bucket its name hashes to, or the lookup

@@ -114,6 +114,7 @@ INSTANTIATE_TEST_SUITE_P(
         Expansion{"cut_after_fallback", kLatin1Locale, "ab<U20AC>cd", 3, 10, 0, 1, "ab?"},
         Expansion{"width_zero", kUtf8Locale, "abc", 0, 10, 0, 1, ""},
         Expansion{"negative_width", kUtf8Locale, "abc", -3, 10, 0, 1, ""},
+        Expansion{"negative_width_empty_text", kUtf8Locale, "", -3, 10, 0, 0, ""},
         // The 402-byte steps: 150 CJK characters need 450 bytes of UTF-8.
         Expansion{"beyond_402_bytes_cut", kUtf8Locale, repeat("<U5E74>", 150), 30, 30, 0, 1,
                   repeat(kYearUtf8, 10)},
