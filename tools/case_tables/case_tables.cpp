@@ -22,7 +22,8 @@
 // With these, the escaped differences come out as the 20 upper-casing pairs
 // (U+017F and the African/IPA letters, U+1F78 and U+1F79) and their 19
 // inverses, which the tests check.  ICU 72 (Unicode 15.0) is what Debian 12
-// installs; any ICU that knows character ages gives the same tables.
+// installs; a newer ICU gives the same tables as long as the simple case
+// pairs of these old characters stay as they are.
 //
 // Usage: case_tables_generator OUTPUT
 #include <unicode/uchar.h>
