@@ -1,0 +1,146 @@
+// getExpResultFromNarrowCharBuf and obnlsTranscodeUnicode.
+#include "locale/output_expansion.h"
+
+#include <cstdint>
+#include <cstring>
+
+#include "corvinel/fmtreq.h"
+#include "corvinel/transcode.h"
+#include "locale/transcode_steps.h"
+#include "locale/transcode_units.h"
+
+namespace corvinel::locale {
+
+namespace {
+
+constexpr uint16_t kSymbolicCurrencySign = 0x00A4;
+constexpr uint16_t kCurrencyMarker = 0x0001;
+constexpr int32_t kEscapeLength = 7;  // "<U20AC>"
+
+// Value of a hexadecimal digit; any other byte counts as 0 (deliberately:
+// the escape is still taken).
+uint16_t hex_digit(char c) {
+  if (c >= '0' && c <= '9') return static_cast<uint16_t>(c - '0');
+  if (c >= 'A' && c <= 'F') return static_cast<uint16_t>(c - 'A' + 10);
+  if (c >= 'a' && c <= 'f') return static_cast<uint16_t>(c - 'a' + 10);
+  return 0;
+}
+
+bool is_escape(const char *at) {
+  return at[0] == '<' && (at[1] & ~0x20) == 'U' && at[6] == '>';
+}
+
+template <typename Converters>
+int32_t expand_output(int32_t outenc, int32_t *encout, char *buf, int32_t *len, int32_t width,
+                      int32_t capacity) {
+  if (buf == nullptr || len == nullptr || *len < 0) return kExpansionImpossible;
+  if (width < 0) width = 0;  // no text is shorter than empty
+  unsigned char units[kStepCapacity];
+  int32_t n = expand_escapes(buf, *len, units);
+  if (n < 0) return kExpansionImpossible;
+
+  SessionEncoding encoding;
+  Converters::read_session_encoding(encoding);
+  char result[kStepCapacity];
+  int32_t result_len = 0;
+  TranscodeNotes notes;
+  if (transcode_units<Converters>(encoding, units, n, result, kStepCapacity, &result_len,
+                                  FailingUnit::kFails, notes) != kTranscoded) {
+    return kExpansionImpossible;
+  }
+  // Fitting to the width: drop the last unit and convert again, so that a
+  // character is never split (a surrogate pair may be: its first half then
+  // shows as "?").  A text that overflowed the 402-byte step is incomplete
+  // and is cut back the same way until it fits the step.
+  bool shortened = false;
+  while ((result_len > width || notes.overflowed) && n > 0) {
+    n -= 2;
+    shortened = true;
+    if (transcode_units<Converters>(encoding, units, n, result, kStepCapacity, &result_len,
+                                    FailingUnit::kEndsText, notes) != kTranscoded) {
+      return kExpansionImpossible;
+    }
+  }
+
+  if (outenc == CORVINEL_ENC_UTF16LE) {
+    if (capacity < n) return kExpansionNoRoom;
+    std::memcpy(buf, units, static_cast<size_t>(n));
+    *len = n;
+    if (encout != nullptr) *encout = CORVINEL_ENC_UTF16LE;
+  } else {
+    if (capacity < result_len) return kExpansionNoRoom;
+    std::memcpy(buf, result, static_cast<size_t>(result_len));
+    *len = result_len;
+  }
+  return shortened ? kExpansionShortened : result_len - width;
+}
+
+template <typename Converters>
+int32_t transcode_unicode(const char *encoding_name, const unsigned char *units, int32_t nbytes,
+                          char *out, int32_t outcap, int32_t *outlen) {
+  if (outlen == nullptr) return kTooShort;
+  *outlen = 0;
+  if (encoding_name == nullptr || units == nullptr || out == nullptr || nbytes < 0) {
+    return kTooShort;
+  }
+  SessionEncoding encoding;
+  name_session_encoding(encoding_name, encoding);
+  TranscodeNotes notes;
+  return transcode_units<Converters>(encoding, units, nbytes, out, outcap, outlen,
+                                     FailingUnit::kFails, notes);
+}
+
+}  // namespace
+
+int32_t expand_escapes(const char *text, int32_t length, unsigned char *units) {
+  int32_t count = 0;
+  auto append = [&](uint16_t unit) {
+    if (count == kMaxUnits) return false;
+    units[2 * count] = static_cast<unsigned char>(unit & 0xFF);
+    units[2 * count + 1] = static_cast<unsigned char>(unit >> 8);
+    ++count;
+    return true;
+  };
+  for (int32_t i = 0; i < length;) {
+    uint16_t unit;
+    // Nothing past the text is read: an escape must end inside it (so a text
+    // shorter than 7 bytes is widened byte by byte).
+    if (length - i >= kEscapeLength && is_escape(text + i)) {
+      unit = static_cast<uint16_t>(hex_digit(text[i + 2]) << 12 | hex_digit(text[i + 3]) << 8 |
+                                   hex_digit(text[i + 4]) << 4 | hex_digit(text[i + 5]));
+      if (unit == kSymbolicCurrencySign) unit = kCurrencyMarker;
+      i += kEscapeLength;
+    } else {
+      unit = static_cast<unsigned char>(text[i]);
+      i += 1;
+    }
+    if (!append(unit)) return -1;
+  }
+  units[2 * count] = 0;
+  units[2 * count + 1] = 0;
+  return 2 * count;
+}
+
+int32_t getExpResultFromNarrowCharBuf(int32_t /*reserved*/, int32_t outenc, int32_t *encout,
+                                      char *buf, int32_t *len, int32_t width, int32_t capacity) {
+  return expand_output<FastConverters>(outenc, encout, buf, len, width, capacity);
+}
+
+int32_t expand_output_per_call(int32_t /*reserved*/, int32_t outenc, int32_t *encout, char *buf,
+                               int32_t *len, int32_t width, int32_t capacity) {
+  return expand_output<PerCallIconv>(outenc, encout, buf, len, width, capacity);
+}
+
+int32_t transcode_unicode_per_call(const char *encoding, const unsigned char *units,
+                                   int32_t nbytes, char *out, int32_t outcap, int32_t *outlen) {
+  return transcode_unicode<PerCallIconv>(encoding, units, nbytes, out, outcap, outlen);
+}
+
+}  // namespace corvinel::locale
+
+extern "C" int32_t obnlsTranscodeUnicode(const char *encoding, const unsigned char *units,
+                                         int32_t nbytes, char *out, int32_t outcap,
+                                         int32_t *outlen) {
+  return corvinel::locale::transcode_unicode<corvinel::locale::FastConverters>(
+      encoding, units, nbytes, out, outcap, outlen);
+}

@@ -1,0 +1,37 @@
+// Real session encodings for the tests and benchmarks of output expansion.
+// Locales the machine may lack are compiled once with localedef, from the
+// sources of the `locales` package, into a private directory that LOCPATH
+// names; the system's locale directory is never touched.
+#pragma once
+
+namespace corvinel::testing {
+
+inline constexpr const char *kUtf8Locale = "C.UTF-8";
+inline constexpr const char *kLatin1Locale = "de_DE.ISO-8859-1";
+inline constexpr const char *kEucJpLocale = "ja_JP.EUC-JP";
+// A locale whose codeset iconv does not know (an ISO-8859-1 character map
+// under another name).
+inline constexpr const char *kUnknownCodesetLocale = "de_DE.X-CORVINEL-UNKNOWN";
+// The C locale: its codeset is ASCII ("ANSI_X3.4-1968").
+inline constexpr const char *kAsciiLocale = "C";
+
+// Points LOCPATH at `directory` and compiles the locales above that are not
+// there yet.  Safe to call from several processes at once (they take turns
+// under a file lock).  Returns false, with a message on stderr, when a
+// locale could not be built.
+bool prepare_session_locales(const char *directory);
+
+// Sets the process locale for the lifetime of the object and restores "C".
+class ScopedSessionLocale {
+ public:
+  explicit ScopedSessionLocale(const char *name);
+  ~ScopedSessionLocale();
+  ScopedSessionLocale(const ScopedSessionLocale &) = delete;
+  ScopedSessionLocale &operator=(const ScopedSessionLocale &) = delete;
+  bool active() const { return active_; }
+
+ private:
+  bool active_;
+};
+
+}  // namespace corvinel::testing

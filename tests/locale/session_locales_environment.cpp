@@ -1,0 +1,18 @@
+// Compiles the session locales once, before the first test of the run.
+#include <gtest/gtest.h>
+
+#include "locale/session_locales.h"
+
+namespace {
+
+class SessionLocales : public ::testing::Environment {
+ public:
+  void SetUp() override {
+    ASSERT_TRUE(corvinel::testing::prepare_session_locales(CORVINEL_TEST_LOCPATH));
+  }
+};
+
+::testing::Environment *const kSessionLocales =
+    ::testing::AddGlobalTestEnvironment(new SessionLocales);
+
+}  // namespace
