@@ -119,6 +119,20 @@ std::map<std::string, GlibcCategory> parse_glibc_locale(std::string_view text) {
   return categories;
 }
 
+std::string grouping_text(const std::vector<std::u16string> &operands) {
+  std::vector<int> sizes;
+  for (const auto &operand : operands) sizes.push_back(std::stoi(utf16_to_utf8(operand)));
+  if (sizes.empty() || sizes.front() <= 0) return "0";
+  while (sizes.size() > 1 && sizes.back() == sizes[sizes.size() - 2]) sizes.pop_back();
+  std::string text;
+  for (const int size : sizes) {
+    if (size <= 0) break;
+    if (!text.empty()) text += ";";
+    text += std::to_string(size);
+  }
+  return text;
+}
+
 const std::map<std::string, GlibcCategory> &GlibcLocales::file(const std::string &locale) {
   auto found = files_.find(locale);
   if (found != files_.end()) return found->second;

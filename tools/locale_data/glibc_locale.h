@@ -19,6 +19,12 @@ using GlibcCategory = std::map<std::string, std::vector<std::u16string>>;
 // "copy" (operand: the source locale); GlibcLocales resolves it.
 std::map<std::string, GlibcCategory> parse_glibc_locale(std::string_view text);
 
+// glibc's grouping operands ("3;3", "3;2", "-1", "0;0") in the records'
+// coding: the group sizes from the decimal point outwards, the last one
+// repeating, so a repeated size is written once ("3", "3;2"); "0" for no
+// grouping.
+std::string grouping_text(const std::vector<std::u16string> &operands);
+
 // The locale sources of one directory, read on first use.
 class GlibcLocales {
  public:

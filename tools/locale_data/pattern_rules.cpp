@@ -244,6 +244,8 @@ NumericDateShape posix_date_shape(std::u16string_view format) {
         letter = 'D';
         break;
       case u'm':
+      case u'b':
+      case u'B':
         letter = 'M';
         break;
       case u'y':

@@ -71,20 +71,6 @@ void set_names(LocaleRecord &record, int first, const std::vector<std::u16string
 
 }  // namespace
 
-std::string grouping_text(const std::vector<std::u16string> &operands) {
-  std::vector<int> sizes;
-  for (const auto &operand : operands) sizes.push_back(std::stoi(utf16_to_utf8(operand)));
-  if (sizes.empty() || sizes.front() <= 0) return "0";
-  while (sizes.size() > 1 && sizes.back() == sizes[sizes.size() - 2]) sizes.pop_back();
-  std::string text;
-  for (const int size : sizes) {
-    if (size <= 0) break;
-    if (!text.empty()) text += ";";
-    text += std::to_string(size);
-  }
-  return text;
-}
-
 MonetaryFields read_monetary_fields(GlibcLocales &glibc, const std::string &locale) {
   const GlibcCategory monetary = glibc.category(locale, "LC_MONETARY");
   const auto text = [&](const char *keyword) -> std::u16string {

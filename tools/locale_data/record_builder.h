@@ -11,10 +11,6 @@ namespace corvinel::locale_data {
 // The monetary fields of a glibc locale source.
 MonetaryFields read_monetary_fields(GlibcLocales &glibc, const std::string &locale);
 
-// glibc's grouping operands ("3;3", "3;2", "-1", "0;0") in the records'
-// coding: "3", "3;2" or "0" (no grouping).
-std::string grouping_text(const std::vector<std::u16string> &operands);
-
 LocaleRecord build_record(const RecordSource &source, GlibcLocales &glibc);
 
 }  // namespace corvinel::locale_data
