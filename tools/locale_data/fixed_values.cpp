@@ -299,7 +299,7 @@ constexpr MessageLanguage kMessageLanguages[] = {
 };
 constexpr const char *kSpanishMessageRecords[] = {"Catalan_Spain"};
 
-// Items 8 and 10: the two font specifications of the East-Asian records
+// Items 8 and 10: the two font settings of the East-Asian records
 // (Gothic/sans-serif first, then Mincho/serif), by script.
 struct EastAsianFonts {
   const char *language;
