@@ -512,6 +512,31 @@ TEST(LocaleItems, CodedItemsHoldTheirValues) {
   }
 }
 
+// Items 6 and 153 describe the short date of item 29: the order of its
+// day, month and year, and the mark between its first two parts.
+TEST(LocaleItems, DateOrderAndSeparatorDescribeTheShortDate) {
+  for (int r = 0; r < CORVINEL_LOCALE_RECORDS; ++r) {
+    const std::string pattern = item_text(r, 29);
+    SCOPED_TRACE(std::string(kRecords[r].name) + ": " + pattern);
+    std::string order;
+    std::string between;
+    for (std::size_t i = 0; i < pattern.size(); ++i) {
+      if (pattern[i] != '%' || i + 1 == pattern.size()) {
+        if (order.size() == 1 && pattern[i] != ' ') between.push_back(pattern[i]);
+        continue;
+      }
+      const char directive = pattern[++i];
+      const char part = std::string_view("de").find(directive) != std::string_view::npos    ? 'D'
+                        : std::string_view("mobB").find(directive) != std::string_view::npos ? 'M'
+                        : std::string_view("yY").find(directive) != std::string_view::npos   ? 'Y'
+                                                                                              : 0;
+      if (part != 0) order.push_back(part);
+    }
+    EXPECT_EQ(item_text(r, 6), order);
+    EXPECT_EQ(item_text(r, 153), between);
+  }
+}
+
 TEST(LocaleItems, DocumentedCountsHold) {
   int letter = 0;
   int message_languages = 0;

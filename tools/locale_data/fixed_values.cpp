@@ -2,6 +2,9 @@
 
 #include <cstring>
 
+#include "pattern_rules.h"
+#include "unicode_text.h"
+
 namespace corvinel::locale_data {
 namespace {
 
@@ -389,6 +392,13 @@ std::vector<Override> apply_fixed_values(std::vector<LocaleRecord> &records) {
   }
   for (const FixedValue &value : kTellingValues) {
     applier.set(record_index(value.record), value.item, text_of(value.text));
+  }
+  // The date order and separator describe the short date, so they follow
+  // a fixed short date too.
+  for (std::size_t index = 0; index < kRecordCount; ++index) {
+    const NumericDateShape shape = posix_date_shape(utf8_to_utf16(*records[index][item::kShortDate]));
+    if (shape.order.size() == 3) applier.set(index, item::kDateOrder, shape.order);
+    if (!shape.separator.empty()) applier.set(index, item::kDateSeparator, shape.separator);
   }
   return applier.take();
 }

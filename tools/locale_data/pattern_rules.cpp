@@ -244,6 +244,7 @@ NumericDateShape posix_date_shape(std::u16string_view format) {
         letter = 'D';
         break;
       case u'm':
+      case u'o':
       case u'b':
       case u'B':
         letter = 'M';

@@ -56,7 +56,8 @@ struct NumericDateShape {
 };
 NumericDateShape numeric_date_shape(std::u16string_view pattern);
 
-// The same for a POSIX date format such as "%d/%m/%Y" (glibc's d_fmt).
+// The same for a POSIX date format such as "%d/%m/%Y" (glibc's d_fmt),
+// which also reads the directives of the records' own patterns.
 NumericDateShape posix_date_shape(std::u16string_view format);
 
 // A CLDR combination pattern such as "{1}, {0}" with the date as "%x" and

@@ -26081,7 +26081,7 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {28, "<U7B2C><U56DB><U5B63><U5EA6>"},  // 150
         {14, "<U4E0A><U5348>"},  // 151
         {14, "<U4E0B><U5348>"},  // 152
-        {1, "/"},  // 153
+        {1, "-"},  // 153
         {1, "1"},  // 154
         {3, "CNY"},  // 155
         {7, "<UFFE5>"},  // 156
