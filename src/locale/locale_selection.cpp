@@ -1,0 +1,43 @@
+// getORBLocDB: an item of the locale chosen by number or by ORB_LOCALE.
+
+#include <cstdlib>
+#include <cstring>
+
+#include "locale/locale_records.h"
+
+namespace corvinel::locale {
+
+const locitem *select_record(int32_t locale) noexcept {
+  if (locale >= 1 && locale <= CORVINEL_LOCALE_RECORDS) return ORBlocaleData[locale - 1];
+
+  // Only the first five characters take part in the match (the third, the
+  // separator, is never looked at); a shorter value is read as if padded
+  // with NULs, which no code matches. Everything after the fifth character
+  // (an encoding, a modifier) is ignored.
+  const char *value = std::getenv("ORB_LOCALE");
+  if (value == nullptr) value = kDefaultLocale;
+  char chosen[5] = {};
+  for (std::size_t i = 0; i < sizeof chosen && value[i] != '\0'; ++i) chosen[i] = value[i];
+  const uint32_t key = record_key(chosen[0], chosen[1], chosen[3], chosen[4]);
+  for (std::size_t r = 0; r < kRecordKeys.size(); ++r) {
+    if (kRecordKeys[r] == key) return ORBlocaleData[r];
+  }
+  return nullptr;
+}
+
+int32_t copy_item(const locitem *record, int32_t item, char *out, int32_t outcap) noexcept {
+  if (out == nullptr) outcap = 0;
+  if (outcap > 0) std::memset(out, 0, static_cast<std::size_t>(outcap));
+  if (record == nullptr || item < 0 || item >= CORVINEL_LOCALE_ITEMS) return -1;
+  const locitem &entry = record[item];
+  if (entry.length > outcap) return -1;
+  if (entry.length > 0) std::memcpy(out, entry.text, static_cast<std::size_t>(entry.length));
+  return entry.length;
+}
+
+}  // namespace corvinel::locale
+
+extern "C" int32_t getORBLocDB(char *out, int32_t outcap, int32_t item, int32_t locale) {
+  using namespace corvinel::locale;
+  return copy_item(select_record(locale), item, out, outcap);
+}

@@ -1,0 +1,85 @@
+// Conversion of CLDR date and number patterns into the texts of the locale
+// records. Pure functions over UTF-16 text; the caller escapes the result.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace corvinel::locale_data {
+
+// How the fields of a date pattern become directives of the date pattern
+// expander. The rules, one pattern letter run at a time:
+//   y, yyy, yyyy, u, r    "%Y"        yy            "%y"
+//   Y (week-based year)   "%G"        YY            "%g"
+//   M, L (numeric month)  "%m" when months are padded, else "%o"
+//   MM, LL                "%m"
+//   MMM / MMMMM           "%b", or "%#b" when months stand alone
+//   MMMM                  "%B", or "%#B" when months stand alone
+//   LLL / LLLLL, LLLL     "%#b", "%#B"
+//   d                     "%d" when days are padded, else "%e"
+//   dd                    "%d"
+//   D (day of year)       "%j"
+//   E, EE, EEE, EEEEE, e, eee, eeeee, EEEEEE     "%a"
+//   EEEE, eeee            "%A"
+//   c, ccc, ccccc         "%#a"       cccc          "%#A"
+//   Q, QQ, QQQ, QQQQQ     "%q"        QQQQ          "%Q"
+//   q, qq, qqq, qqqqq     "%#q"       qqqq          "%#Q"
+//   h, hh                 "%I"        K, KK         "%L"
+//   H, HH                 "%H"        k, kk         "%K"
+//   m, mm                 "%M"        s, ss         "%S"
+//   a, b, B (day periods) "%p"
+//   z, Z, O, v, V, X, x   "%Z"        (the expander writes no zone names)
+//   G (era)               the era's name, given by the caller (dates of the
+//                         records are always of the common era)
+//   'text'                text; '' is one apostrophe
+//   %                     "%%"
+//   U+00A0, U+202F        " " (no-break spaces become blanks)
+//   U+200E, U+200F, U+061C  dropped (bidirectional marks)
+// Any other letter is an error: the generator stops rather than guess.
+struct DateFieldStyle {
+  bool pad_day = true;            // d: "%d" (true) or "%e"
+  bool pad_month = true;          // M: "%m" (true) or "%o"
+  bool standalone_month = false;  // MMMM, MMM: standalone names
+};
+
+// Throws std::runtime_error for a letter without a rule.
+std::u16string convert_date_pattern(std::u16string_view pattern, const DateFieldStyle &style,
+                                    std::u16string_view era_name);
+
+// The parts of a short numeric date pattern: the order of its year, month
+// and day fields ("DMY", "MDY" or "YMD") and the separator between the
+// first two ("/", "." or "-"; empty when it is none of these). Literal
+// blanks and bidirectional marks around a separator are skipped.
+struct NumericDateShape {
+  std::string order;
+  std::string separator;
+};
+NumericDateShape numeric_date_shape(std::u16string_view pattern);
+
+// The same for a POSIX date format such as "%d/%m/%Y" (glibc's d_fmt),
+// which also reads the directives of the records' own patterns.
+NumericDateShape posix_date_shape(std::u16string_view format);
+
+// A CLDR combination pattern such as "{1}, {0}" with the date as "%x" and
+// the time as "%X"; quoted literals are unquoted.
+std::u16string convert_combination_pattern(std::u16string_view pattern);
+
+// Number patterns (decimal, currency, percent) as ICU prints them: "." and
+// "," are the decimal and grouping marks of the pattern language, U+00A4 the
+// currency placeholder. Both forms below write a no-break or narrow
+// no-break space of the pattern as a blank and drop bidirectional marks.
+
+// In the locale's own symbols: the marks replaced by the given texts.
+std::u16string localise_number_pattern(std::u16string_view pattern, std::u16string_view decimal,
+                                       std::u16string_view group);
+
+// In canonical symbols: "." and "," kept, and the fraction part of every
+// subpattern replaced by ".#" (added where the pattern has none).
+std::u16string canonical_number_pattern(std::u16string_view pattern);
+
+// Position of the sign in the negative form of a number pattern, in the
+// coding of the lconv sign positions: 0 brackets, 1 before the number,
+// 2 after it. A pattern without a negative subpattern has the sign before.
+int negative_sign_position(std::u16string_view pattern);
+
+}  // namespace corvinel::locale_data

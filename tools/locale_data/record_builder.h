@@ -1,0 +1,16 @@
+// Builds the items of one locale record from its sources, before the fixed
+// values are applied.
+#pragma once
+
+#include "cldr_source.h"
+#include "glibc_locale.h"
+#include "locale_record.h"
+
+namespace corvinel::locale_data {
+
+// The monetary fields of a glibc locale source.
+MonetaryFields read_monetary_fields(GlibcLocales &glibc, const std::string &locale);
+
+LocaleRecord build_record(const RecordSource &source, GlibcLocales &glibc);
+
+}  // namespace corvinel::locale_data
