@@ -140,7 +140,8 @@ CORVINEL_API int32_t zfmtimm(fmtreq *request);
 /* Datetime: 01JAN60:00:00:00 (width 16), a four-digit year from width 19
    on, the fraction digits after width - decimals reaches 16. */
 CORVINEL_API int32_t zfmdttm(fmtreq *request);
-/* The date of a datetime, rendered as zfmdate renders it. */
+/* The date of a datetime, rendered as zfmdate renders it.  A missing value
+   is rendered with the request's decimals (not 0), by zfmmiss itself. */
 CORVINEL_API int32_t zfmdtda(fmtreq *request);
 
 CORVINEL_EXTERN_C_END

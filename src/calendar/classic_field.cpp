@@ -21,6 +21,15 @@ bool begin_rendering(fmtreq *request, int32_t kind, int32_t *result) {
   }
 }
 
+bool begin_date_rendering(fmtreq *request, DateParts &parts, int32_t *result) {
+  if (!begin_rendering(request, CORVINEL_GATE_DATE, result)) return false;
+  request->outlen = request->width;
+  if (zfmcymd(&parts.year, &parts.month, &parts.day, *request->value) > 0) return true;
+  fill_field(request, '*');
+  *result = CORVINEL_OUT_OF_RANGE;
+  return false;
+}
+
 int32_t render_missing_value(fmtreq *request, double value) {
   const double *saved_value = request->value;
   const int32_t saved_decimals = request->decimals;

@@ -25,6 +25,18 @@ inline bool field_fits_buffer(const fmtreq &request) {
 // CORVINEL_OUT_OF_RANGE after the field of "*").
 bool begin_rendering(fmtreq *request, int32_t kind, int32_t *result);
 
+// A date split into four-digit year, month and day.
+struct DateParts {
+  double year = 0;
+  double month = 0;
+  double day = 0;
+};
+
+// begin_rendering for a date value, then outlen := width and the split of
+// the date.  Every date inside the range splits; should one ever fail, the
+// field is filled with "*" and CORVINEL_OUT_OF_RANGE is the result.
+bool begin_date_rendering(fmtreq *request, DateParts &parts, int32_t *result);
+
 // Renders the missing value `value` in the request's field as the date
 // gate does: decimals 0 for the call (the mark at the right edge), the
 // request's value and decimals put back afterwards.  Returns zfmmiss's

@@ -36,23 +36,6 @@ int32_t put_month_year(char *out, bool four_digit_year, double year, double mont
   return 5;
 }
 
-struct SplitDate {
-  double year = 0;
-  double month = 0;
-  double day = 0;
-};
-
-// Gate and split; false when the rendering is over with *result set.
-bool begin_month_date(fmtreq *request, SplitDate &date, int32_t *result) {
-  if (!begin_rendering(request, CORVINEL_GATE_DATE, result)) return false;
-  request->outlen = request->width;
-  if (zfmcymd(&date.year, &date.month, &date.day, *request->value) > 0) return true;
-  // No date inside the range fails to split; keep the field defined anyway.
-  fill_field(request, '*');
-  *result = CORVINEL_OUT_OF_RANGE;
-  return false;
-}
-
 }  // namespace
 
 int32_t put_day_month_year(char *out, DayMonthYearForm form, double year, double month,
@@ -77,9 +60,9 @@ extern "C" {
 // MAR60 at width 5, " MAR60" at 6, MAR1960 at 7 and right-aligned beyond;
 // below 5 the first characters of MAR60.
 int32_t zfmmony(fmtreq *request) {
-  SplitDate date;
+  DateParts date;
   int32_t result = CORVINEL_OK;
-  if (!begin_month_date(request, date, &result)) return result;
+  if (!begin_date_rendering(request, date, &result)) return result;
   const int64_t width = request->width;
   char text[7];
   int64_t length = 0;
@@ -96,9 +79,9 @@ int32_t zfmmony(fmtreq *request) {
 // and 10 show the form one narrower after a blank, wider fields right-align
 // the dashed form, narrower ones show the first characters of 15MAR60.
 int32_t zfmdate(fmtreq *request) {
-  SplitDate date;
+  DateParts date;
   int32_t result = CORVINEL_OK;
-  if (!begin_month_date(request, date, &result)) return result;
+  if (!begin_date_rendering(request, date, &result)) return result;
   const int64_t width = request->width;
   const DayMonthYearForm form = width >= 11  ? DayMonthYearForm::kDashed
                                 : width >= 9 ? DayMonthYearForm::kFourDigitYear

@@ -15,24 +15,16 @@ enum class Order { kMonthDayYear, kDayMonthYear, kYearMonthDay };
 
 // The shared body of the eighteen members.
 int32_t render_three_part_date(fmtreq *request, Order order, char sep) {
+  DateParts date;
   int32_t result = CORVINEL_OK;
-  if (!begin_rendering(request, CORVINEL_GATE_DATE, &result)) return result;
-  request->outlen = request->width;
-  double year = 0;
-  double month = 0;
-  double day = 0;
-  // Every date inside the range splits; the guard only keeps the field
-  // defined should that ever change.
-  if (zfmcymd(&year, &month, &day, *request->value) < 0) {
-    fill_field(request, '*');
-    return CORVINEL_OUT_OF_RANGE;
-  }
-  if (request->width < 10) year = std::fmod(year, 100);
+  if (!begin_date_rendering(request, date, &result)) return result;
+  if (request->width < 10) date.year = std::fmod(date.year, 100);
   char *out = request->output;
+  const int32_t width = request->width;
   switch (order) {
-    case Order::kMonthDayYear: zfmcprt(request->width, sep, out, month, day, year); break;
-    case Order::kDayMonthYear: zfmcprt(request->width, sep, out, day, month, year); break;
-    case Order::kYearMonthDay: zfmcprt(request->width, sep, out, year, month, day); break;
+    case Order::kMonthDayYear: zfmcprt(width, sep, out, date.month, date.day, date.year); break;
+    case Order::kDayMonthYear: zfmcprt(width, sep, out, date.day, date.month, date.year); break;
+    case Order::kYearMonthDay: zfmcprt(width, sep, out, date.year, date.month, date.day); break;
   }
   return CORVINEL_OK;
 }

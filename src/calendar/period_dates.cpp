@@ -4,13 +4,10 @@
 // whatever room is left, right-justified.
 #include <cmath>
 #include <cstdint>
-#include <initializer_list>
 #include <string_view>
 
 #include "calendar/classic_field.h"
-#include "corvinel/calendar.h"
 #include "corvinel/classic_dates.h"
-#include "corvinel/missing.h"
 
 using namespace corvinel::calendar;
 
@@ -24,20 +21,13 @@ struct PeriodParts {
   double quarter;
 };
 
-// Gate and parts of the date.  False when the rendering is over, with
-// *result set; a missing part (which no date inside the range gives) is
-// rendered in place of the date.
+// Gate and parts of the date; false when the rendering is over, with
+// *result set.
 bool begin_period(fmtreq *request, char sep, PeriodParts &parts, int32_t *result) {
-  if (!begin_rendering(request, CORVINEL_GATE_DATE, result)) return false;
-  request->outlen = request->width;
-  const double date = *request->value;
-  parts = {request->width, sep != 0 ? 1 : 0, zyear(date), zmonth(date), zqtr(date)};
-  for (double part : {parts.year, parts.quarter}) {
-    if (zmiss(part)) {
-      *result = render_missing_value(request, part);
-      return false;
-    }
-  }
+  DateParts date;
+  if (!begin_date_rendering(request, date, result)) return false;
+  parts = {request->width, sep != 0 ? 1 : 0, date.year, date.month,
+           std::floor((date.month - 1) / 3) + 1};
   return true;
 }
 

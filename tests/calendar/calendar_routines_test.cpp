@@ -109,15 +109,6 @@ INSTANTIATE_TEST_SUITE_P(
                       UnaryCase{kZhour, missing('C'), kMiss},
                       UnaryCase{kZdatprt, missing('.'), kMiss}));
 
-INSTANTIATE_TEST_SUITE_P(
-    DateParts, UnaryRoutine,
-    ::testing::Values(UnaryCase{kZday, 14669, 29}, UnaryCase{kZmonth, 14669, 2},
-                      UnaryCase{kZyear, 14669, 2000}, UnaryCase{kZqtr, 14669, 1},
-                      UnaryCase{kZqtr, 90, 1}, UnaryCase{kZqtr, 91, 2},
-                      UnaryCase{kZqtr, 23558, 3}, UnaryCase{kZqtr, 6589335, 4},
-                      UnaryCase{kZyear, -0.001, 1959}, UnaryCase{kZday, 745154, 1},
-                      UnaryCase{kZmonth, 745154, 3}));
-
 // Negative seconds reach back from midnight; the range ends where the date
 // range ends.
 INSTANTIATE_TEST_SUITE_P(
@@ -217,9 +208,8 @@ TEST_P(JulianSplit, FillsAllThreePlaces) {
 INSTANTIATE_TEST_SUITE_P(
     Edges, JulianSplit,
     ::testing::Values(
-        SplitCase{2000060, 2000, 2, 29}, SplitCase{2000061, 2000, 3, 1},
-        SplitCase{1900060, 1900, 3, 1}, SplitCase{4000060, 4000, 3, 1},
-        SplitCase{2000366, 2000, 12, 31}, SplitCase{1999365, 1999, 12, 31},
+        // Every valid day is split in the walk over the range; here the
+        // two-digit years, fractions and refusals.
         SplitCase{60, 2000, 2, 29}, SplitCase{49032, 2049, 2, 1},
         SplitCase{50365.7, 1950, 12, 31},
         // Day 0 of a year passes the tests and gives month 1, day 0.
