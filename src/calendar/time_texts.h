@@ -1,0 +1,22 @@
+// The time renderings' bodies, behind their gates, for the renderings that
+// build on them (TOD, TIMEAMPM, DATETIME).
+#pragma once
+
+#include <cstdint>
+
+namespace corvinel::calendar {
+
+// 10^0 .. 10^31.
+extern const double zpowten[32];
+
+// zfmtime's rendering of `seconds` into the `width` bytes at out (right-
+// aligned h:mm:ss.fff).  Returns 0, or CORVINEL_HOURS_TOO_LARGE with a
+// field of "*" when the hours exceed 2^53 (or the value is not a number),
+// which the range gate in front of zfmtime never lets through.
+int32_t render_duration(char *out, int64_t width, int32_t decimals, double seconds);
+
+// zfmtod's rendering of a time of day, 0 <= time_of_day < 86400: the
+// duration with a two-digit hour, never showing hour 24.
+int32_t render_time_of_day(char *out, int64_t width, int32_t decimals, double time_of_day);
+
+}  // namespace corvinel::calendar
