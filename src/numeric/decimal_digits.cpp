@@ -1,0 +1,125 @@
+// Digit generation for the classic renderings.  Rounding to a decimal place
+// goes through zround, so the renderings agree with every other user of it;
+// the rounded multiple is then read back as an integer count of units, which
+// is exact below 10^15 units and needs no text conversion.  Only magnitudes
+// with more digits than that go through std::to_chars, which is exact and
+// does not allocate.
+#include "numeric/decimal_digits.h"
+
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+
+#include "corvinel/rounding.h"
+
+namespace corvinel::numeric {
+namespace {
+
+constexpr double kExactCountLimit = 1e15;  // counts below this have <= 15 digits
+
+// Drops trailing zero digits (the number stays the same).
+void strip_trailing_zeros(Decimal &decimal) {
+  while (decimal.count > 0 && decimal.digits[decimal.count - 1] == '0') {
+    --decimal.count;
+  }
+}
+
+// `significant` (1..kTrustedDigits) digits of the magnitude, rounded from its
+// exact binary value by std::to_chars in scientific form "d.ddde-XX".
+Decimal digits_from_binary(double magnitude, int significant) {
+  char text[40];
+  const auto end = std::to_chars(text, text + sizeof text, magnitude,
+                                 std::chars_format::scientific, significant - 1)
+                       .ptr;
+  Decimal decimal;
+  const char *cursor = text;
+  for (; cursor < end && *cursor != 'e'; ++cursor) {
+    if (*cursor != '.') decimal.digits[decimal.count++] = *cursor;
+  }
+  ++cursor;  // 'e'
+  const bool negative_exponent = *cursor == '-';
+  ++cursor;  // sign
+  int exponent = 0;
+  std::from_chars(cursor, end, exponent);
+  decimal.exponent = negative_exponent ? -exponent : exponent;
+  strip_trailing_zeros(decimal);
+  return decimal;
+}
+
+// count × 10^place for an integral count below 2^53, cut to kTrustedDigits
+// significant digits (half up; a count of sixteen digits arises only when a
+// rounding overflows the doubles).
+Decimal digits_of_count(double count, int64_t place) {
+  auto units = static_cast<uint64_t>(count);
+  char reversed[20];
+  int length = 0;
+  while (units != 0) {
+    reversed[length++] = static_cast<char>('0' + units % 10);
+    units /= 10;
+  }
+  Decimal decimal;
+  if (length == 0) return decimal;
+  decimal.exponent = static_cast<int>(place) + length - 1;
+  const int kept = length < kTrustedDigits ? length : kTrustedDigits;
+  if (kept < length && reversed[length - 1 - kept] >= '5') {
+    // Round up at the last kept digit; a carry out of the leading digit
+    // turns 999... into 1 at the next place.
+    int index = length - kept;
+    while (index < length && reversed[index] == '9') reversed[index++] = '0';
+    if (index == length) {
+      reversed[length - 1] = '1';
+      ++decimal.exponent;
+    } else {
+      ++reversed[index];
+    }
+  }
+  for (int i = 0; i < kept; ++i) decimal.digits[i] = reversed[length - 1 - i];
+  decimal.count = kept;
+  strip_trailing_zeros(decimal);
+  return decimal;
+}
+
+}  // namespace
+
+int decimal_exponent(double magnitude) {
+  int exponent = static_cast<int>(std::floor(std::log10(magnitude)));
+  // log10 may be off by one next to a power of ten; the table decides.  Out
+  // of its range zpow10 gives a NaN, and the comparisons fail as they should.
+  if (magnitude < zpow10(exponent)) --exponent;
+  if (exponent < 308 && magnitude >= zpow10(exponent + 1)) ++exponent;
+  return exponent;
+}
+
+Decimal trusted_digits(double magnitude) {
+  return digits_from_binary(magnitude, kTrustedDigits);
+}
+
+Decimal round_to_place(double magnitude, int64_t place) {
+  if (!(magnitude > 0) || place > 308) return Decimal{};
+  if (place < -323) {
+    // Subnormal territory: round the exact value at the place.  The leading
+    // digit is at 10^-324 or above, so at least one digit remains.
+    const int64_t significant = decimal_exponent(magnitude) - place + 1;
+    return digits_from_binary(
+        magnitude, static_cast<int>(significant < kTrustedDigits ? significant
+                                                                 : kTrustedDigits));
+  }
+  const double unit = zpow10(static_cast<int32_t>(place));
+  double rounded = 0;
+  zround(&rounded, magnitude, unit);
+  if (rounded == 0) return Decimal{};
+  if (std::isinf(rounded)) {
+    // The multiple lies beyond the largest double; its count of units is
+    // the same quotient zround rounded, which is small and exact.
+    double count = 0;
+    zround(&count, magnitude / unit, 1.0);
+    return digits_of_count(count, place);
+  }
+  // rounded = count × unit with one rounding error, so the quotient is
+  // within a quarter of the integral count while the count stays below 10^15.
+  const double count = rounded / unit;
+  if (count < kExactCountLimit) return digits_of_count(std::nearbyint(count), place);
+  return trusted_digits(rounded);
+}
+
+}  // namespace corvinel::numeric
