@@ -16,6 +16,7 @@ namespace corvinel::numeric {
 namespace {
 
 constexpr double kExactCountLimit = 1e15;  // counts below this have <= 15 digits
+constexpr int64_t kSmallestNormalPlace = -307;  // 10^-307 is the last normal power
 
 // Drops trailing zero digits (the number stays the same).
 void strip_trailing_zeros(Decimal &decimal) {
@@ -96,10 +97,21 @@ Decimal trusted_digits(double magnitude) {
 
 Decimal round_to_place(double magnitude, int64_t place) {
   if (!(magnitude > 0) || place > 308) return Decimal{};
-  if (place < -323) {
-    // Subnormal territory: round the exact value at the place.  The leading
-    // digit is at 10^-324 or above, so at least one digit remains.
+  if (place < kSmallestNormalPlace) {
+    // Units below 10^-307 are subnormal: too coarse to count in (10^-322 is
+    // off by 1.2%).  Round the exact value at the place instead.
     const int64_t significant = decimal_exponent(magnitude) - place + 1;
+    if (significant < 0) return Decimal{};
+    if (significant == 0) {
+      // The leading digit stands just below the place: the value rounds to
+      // one unit when that digit is 5 or more, else to zero.
+      Decimal unit;
+      if (trusted_digits(magnitude).digits[0] < '5') return unit;
+      unit.digits[0] = '1';
+      unit.count = 1;
+      unit.exponent = static_cast<int>(place);
+      return unit;
+    }
     return digits_from_binary(
         magnitude, static_cast<int>(significant < kTrustedDigits ? significant
                                                                  : kTrustedDigits));

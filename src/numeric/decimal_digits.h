@@ -39,8 +39,9 @@ int decimal_exponent(double magnitude);
 Decimal trusted_digits(double magnitude);
 
 // The positive finite magnitude rounded by zround to a multiple of 10^place,
-// then cut to at most kTrustedDigits significant digits.  Where no double
-// unit exists (place below -323) the exact binary value is rounded instead;
+// then cut to at most kTrustedDigits significant digits.  Below 10^-307,
+// where the units are subnormal and inexact, the exact binary value is
+// rounded instead (half to even, which a binary value almost never meets);
 // a place above 308 gives zero, since every double is below half of 10^309.
 Decimal round_to_place(double magnitude, int64_t place);
 
