@@ -12,7 +12,8 @@
      significant digit that the text must show are written as zeros (0.1
      with 20 decimals is 0.10000000000000000000, 1e20 is 1 and 20 zeros).
    - Below 1, the leading "0" before the point is dropped when only that
-     makes the text fit (0.5 with 3.2 is ".50", -0.1 in BEST3. is "-.1").
+     makes the text fit (0.5 with 3.2 is ".50"); BEST also drops it when
+     the decimals beside it would all be zero (0.02 in BEST3. is ".02").
    - A value that cannot be shown at all fills the field with "*" and
      returns CORVINEL_DOES_NOT_FIT.  NaNs that are not missing values and
      infinities are such values.

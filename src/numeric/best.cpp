@@ -3,7 +3,8 @@
 //  - positional: integers without a point, otherwise as many decimals as the
 //    width holds (and 15 significant digits allow), trailing zeros dropped.
 //    Below 1 the "0" before the point is written unless the field cannot
-//    hold a sign, "0", "." and one digit ("-.1" in 3 bytes).
+//    hold a sign, "0", "." and one digit ("-.1" in 3 bytes), or the
+//    decimals beside it would all be zero (".02" in 3 bytes).
 //  - E notation: "E", then the exponent without "+" or leading zeros.  The
 //    mantissa has one digit, a point and as many fraction digits as fit as
 //    long as at least two fit ("1.26E6"); otherwise it is an integer of as
@@ -30,25 +31,38 @@ constexpr double kSmallMagnitude = 1e-5;
 // that shows more.
 constexpr int kFewDigits = 3;
 
-std::optional<PositionalText> best_positional(double value, int64_t width) {
-  const double magnitude = std::fabs(value);
-  const bool negative = value < 0;
-  const int exponent = decimal_exponent(magnitude);
-  if (exponent > width) return std::nullopt;  // at least `exponent` integer digits
-
+// The positional text with as many decimals as fit `width`, written with or
+// without the "0" before the point of a value below 1.
+std::optional<PositionalText> positional_with(double magnitude, bool negative, int exponent,
+                                              int64_t width, bool leading_zero) {
   const int64_t sign = negative ? 1 : 0;
-  const bool tight = width < sign + 3;  // no room for "0.d"
-  const int64_t integer_chars = exponent >= 0 ? exponent + 1 : (tight ? 0 : 1);
+  const int64_t integer_chars = exponent >= 0 ? exponent + 1 : (leading_zero ? 1 : 0);
   // Places after the point that fit, and no more than the trusted digits.
   int64_t places = std::min<int64_t>(width - sign - integer_chars - 1,
                                      kTrustedDigits - 1 - exponent);
   for (places = std::max<int64_t>(places, 0);; --places) {
     const Decimal rounded = round_to_place(magnitude, -places);
     const int64_t shown = rounded.is_zero() ? 0 : std::max(0, -rounded.last_place());
-    const PositionalText text{rounded, negative, shown, !tight, false};
+    const PositionalText text{rounded, negative, shown, leading_zero, false};
     if (text.length() <= width) return text;
     if (places == 0) return std::nullopt;
   }
+}
+
+std::optional<PositionalText> best_positional(double value, int64_t width) {
+  const double magnitude = std::fabs(value);
+  const bool negative = value < 0;
+  const int exponent = decimal_exponent(magnitude);
+  if (exponent > width) return std::nullopt;  // at least `exponent` integer digits
+  if (exponent >= 0) return positional_with(magnitude, negative, exponent, width, true);
+  // Below 1 the "0" goes when there is no room for it and a decimal, or when
+  // the decimals beside it would all be zero.
+  const bool room_for_zero = width >= (negative ? 1 : 0) + 3;
+  if (room_for_zero) {
+    const auto text = positional_with(magnitude, negative, exponent, width, true);
+    if (text && !text->magnitude.is_zero()) return text;
+  }
+  return positional_with(magnitude, negative, exponent, width, false);
 }
 
 std::optional<ScientificText> best_scientific(double value, int64_t width) {

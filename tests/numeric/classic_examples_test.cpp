@@ -108,6 +108,11 @@ const Example kBestExamples[] = {
     {kWd, 7, kBest, 1000000, "1000000"},
     {kWd, 5, kBest, 99999.7, "  1E5"},
     {kWd, 2, kBest, 0.5, ".5"},
+    // The "0" goes where the decimals beside it would all be zero.
+    {kWd, 3, kBest, 0.0201, ".02"},
+    {kWd, 4, kBest, -0.0201, "-.02"},
+    {kWd, 6, kBest, 0.00004, ".00004"},
+    {kWd, 3, kBest, 0.004, "  0"},
     {kWd, 2, kBest, 0.96, " 1"},
     {kWd, 4, kBest, 0.125, "0.13"},
     {kWd, 32, kBest, 0.1, "                             0.1"},
