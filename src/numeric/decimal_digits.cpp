@@ -51,43 +51,43 @@ Decimal digits_from_binary(double magnitude, int significant) {
 // significant digits (half up; a count of sixteen digits arises only when a
 // rounding overflows the doubles).
 Decimal digits_of_count(double count, int64_t place) {
+  constexpr uint64_t kSmallestSixteenDigitCount = 1000000000000000;  // 10^15
   auto units = static_cast<uint64_t>(count);
-  char reversed[20];
-  int length = 0;
-  while (units != 0) {
-    reversed[length++] = static_cast<char>('0' + units % 10);
-    units /= 10;
+  if (units >= kSmallestSixteenDigitCount) {
+    const bool round_up = units % 10 >= 5;
+    units = units / 10 + (round_up ? 1 : 0);
+    ++place;
   }
   Decimal decimal;
-  if (length == 0) return decimal;
-  decimal.exponent = static_cast<int>(place) + length - 1;
-  const int kept = length < kTrustedDigits ? length : kTrustedDigits;
-  if (kept < length && reversed[length - 1 - kept] >= '5') {
-    // Round up at the last kept digit; a carry out of the leading digit
-    // turns 999... into 1 at the next place.
-    int index = length - kept;
-    while (index < length && reversed[index] == '9') reversed[index++] = '0';
-    if (index == length) {
-      reversed[length - 1] = '1';
-      ++decimal.exponent;
-    } else {
-      ++reversed[index];
-    }
+  if (units == 0) return decimal;
+  while (units % 10 == 0) {  // trailing zeros move into the place
+    units /= 10;
+    ++place;
   }
-  for (int i = 0; i < kept; ++i) decimal.digits[i] = reversed[length - 1 - i];
-  decimal.count = kept;
-  strip_trailing_zeros(decimal);
+  int length = 1;
+  for (uint64_t power = 10; length < 16 && units >= power; power *= 10) ++length;
+  decimal.count = length;
+  decimal.exponent = static_cast<int>(place) + length - 1;
+  for (int index = length - 1; index >= 0; --index) {
+    decimal.digits[index] = static_cast<char>('0' + units % 10);
+    units /= 10;
+  }
   return decimal;
 }
 
 }  // namespace
 
 int decimal_exponent(double magnitude) {
-  int exponent = static_cast<int>(std::floor(std::log10(magnitude)));
-  // log10 may be off by one next to a power of ten; the table decides.  Out
-  // of its range zpow10 gives a NaN, and the comparisons fail as they should.
-  if (magnitude < zpow10(exponent)) --exponent;
-  if (exponent < 308 && magnitude >= zpow10(exponent + 1)) ++exponent;
+  // magnitude lies in [2^(binary - 1), 2^binary), so its decimal exponent is
+  // floor((binary - 1) * log10(2)) or one more; the table decides, and also
+  // absorbs a slip of the estimate.  Out of the table's range zpow10 gives a
+  // NaN, and the comparisons fail as they should.
+  int binary = 0;
+  std::frexp(magnitude, &binary);
+  constexpr double kLog10Of2 = 0.30102999566398120;
+  int exponent = static_cast<int>(std::floor((binary - 1) * kLog10Of2));
+  while (exponent < 308 && magnitude >= zpow10(exponent + 1)) ++exponent;
+  while (magnitude < zpow10(exponent)) --exponent;
   return exponent;
 }
 
