@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstdint>
-#include <cstring>
 #include <variant>
 
 #include "corvinel/fmtreq.h"

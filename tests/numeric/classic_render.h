@@ -1,8 +1,8 @@
 // Calling a classic number rendering on a guarded buffer, for the tests.
 #pragma once
 
+#include <charconv>
 #include <cstdint>
-#include <ostream>
 #include <string>
 
 #include "corvinel/classic_numbers.h"
@@ -49,6 +49,10 @@ inline Rendered render(fmt_render_fn format, int32_t width, int32_t decimals, do
 }
 
 // The value as the tests print it: shortest round-trip text.
-std::string show_value(double value);
+inline std::string show_value(double value) {
+  char text[40];
+  const auto end = std::to_chars(text, text + sizeof text, value).ptr;
+  return std::string(text, end);
+}
 
 }  // namespace corvinel::numeric::testing
