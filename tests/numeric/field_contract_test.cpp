@@ -171,11 +171,11 @@ std::vector<SweepCase> sweep_cases() {
                            std::numeric_limits<double>::quiet_NaN()};
   std::vector<SweepCase> cases;
   for (const ClassicFormat &format : kAllFormats) {
-    for (int32_t decimals : {0, 1, 2, 5, 31}) {
+    for (int32_t decimals : {std::numeric_limits<int32_t>::min(), -1, 0, 1, 2, 5, 31, kBest, 100,
+                             std::numeric_limits<int32_t>::max()}) {
       for (double value : values) cases.push_back({format, decimals, value});
     }
   }
-  for (double value : values) cases.push_back({kWd, kBest, value});
   return cases;
 }
 
