@@ -32,6 +32,12 @@ int64_t widest_decimals(double value, int64_t decimals, int64_t room) {
 
 std::optional<PositionalText> fit_decimals(double value, int64_t decimals, bool grouped,
                                            int64_t room) {
+  // Most texts fit as asked; only the others need the starting point.
+  if (decimals >= 0 && decimals < room) {
+    if (auto text = fixed_text(value, decimals, grouped, room)) return text;
+    if (decimals == 0) return std::nullopt;
+    --decimals;
+  }
   for (int64_t places = widest_decimals(value, decimals, room); places >= 0; --places) {
     if (auto text = fixed_text(value, places, grouped, room)) return text;
   }
