@@ -139,25 +139,25 @@ Options parse_arguments(const std::vector<std::string> &arguments) {
   return options;
 }
 
-FormatSpec parse_format(std::string_view text) {
-  FormatSpec spec;
+ParsedFormat parse_format(std::string_view text) {
+  ParsedFormat parsed;
   std::size_t i = 0;
   while (i < text.size() && is_letter(text[i])) {
-    spec.name.push_back(upper(text[i]));
+    parsed.name.push_back(upper(text[i]));
     ++i;
   }
-  if (spec.name.empty()) throw UsageError("FORMAT does not start with a name: " + quoted(text));
+  if (parsed.name.empty()) throw UsageError("FORMAT does not start with a name: " + quoted(text));
   const std::string_view rest = text.substr(i);
   const std::size_t dot = rest.find('.');
   const std::string_view width = rest.substr(0, dot);
-  if (!width.empty()) spec.width = parse_int(width, "width in " + quoted(text), 0, kMaxWidth);
+  if (!width.empty()) parsed.width = parse_int(width, "width in " + quoted(text), 0, kMaxWidth);
   if (dot != std::string_view::npos) {
     const std::string_view decimals = rest.substr(dot + 1);
     if (!decimals.empty()) {
-      spec.decimals = parse_int(decimals, "decimals in " + quoted(text), 0, kInt32Max);
+      parsed.decimals = parse_int(decimals, "decimals in " + quoted(text), 0, kInt32Max);
     }
   }
-  return spec;
+  return parsed;
 }
 
 double parse_value(std::string_view text) {

@@ -37,7 +37,7 @@ struct Options {
 // Throws UsageError naming the first problem.
 Options parse_arguments(const std::vector<std::string> &arguments);
 
-struct FormatSpec {
+struct ParsedFormat {
   std::string name;  // upper case
   std::optional<int32_t> width;
   std::optional<int32_t> decimals;
@@ -48,7 +48,7 @@ struct FormatSpec {
 inline constexpr int32_t kMaxWidth = 65535;
 inline constexpr int32_t kMaxCapacity = 1 << 20;
 
-FormatSpec parse_format(std::string_view text);
+ParsedFormat parse_format(std::string_view text);
 
 // A number as strtod reads it (nan and inf included) or a missing value:
 // ".", "._", ".A" .. ".Z" (letters in either case).

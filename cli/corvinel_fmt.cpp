@@ -66,21 +66,21 @@ const fmtdesc *find_descriptor(const struct fmtinfo &registry, const std::string
 
 // The routine, width and decimals FORMAT names.
 Rendering resolve_rendering(const Module &module, const Options &options) {
-  const FormatSpec spec = parse_format(options.format);
+  const ParsedFormat parsed = parse_format(options.format);
   Rendering rendering;
   if (options.classic) {
-    const auto classic = find_classic(spec.name);
-    if (!classic) throw UsageError("unknown classic rendering " + spec.name);
+    const auto classic = find_classic(parsed.name);
+    if (!classic) throw UsageError("unknown classic rendering " + parsed.name);
     rendering.render = module.require<fmt_render_fn>(classic->symbol, "classic routine");
-    rendering.width = spec.width.value_or(classic->default_width);
-    rendering.decimals = classic->best ? 99 : spec.decimals.value_or(classic->default_decimals);
+    rendering.width = parsed.width.value_or(classic->default_width);
+    rendering.decimals = classic->best ? 99 : parsed.decimals.value_or(classic->default_decimals);
     return rendering;
   }
-  const fmtdesc *descriptor = find_descriptor(module.registry(), spec.name);
-  if (descriptor == nullptr) throw UsageError("unknown format " + spec.name);
+  const fmtdesc *descriptor = find_descriptor(module.registry(), parsed.name);
+  if (descriptor == nullptr) throw UsageError("unknown format " + parsed.name);
   rendering.render = descriptor->render;
-  rendering.width = spec.width.value_or(descriptor->defw);
-  rendering.decimals = spec.decimals.value_or(descriptor->defd);
+  rendering.width = parsed.width.value_or(descriptor->defw);
+  rendering.decimals = parsed.decimals.value_or(descriptor->defd);
   return rendering;
 }
 

@@ -1,6 +1,6 @@
 #include "nldate/pattern_format.h"
 
-#include "nldate/date_value.h"
+#include "nldate/date_frame.h"
 
 namespace corvinel::nldate {
 namespace {
@@ -17,14 +17,11 @@ int32_t render_with_locale_patterns(fmtreq &request, const PatternFormat & /*for
 }  // namespace
 
 int32_t pattern_format_frame(fmtreq *request, const PatternFormat &format) {
-  fmtreq &r = *request;
-  if (const int32_t code = frame::check_limits(r, format.limits)) return code;
-  const double value = frame::read_value(r);
-  if (frame::is_missing(value)) return frame::render_missing_at_right_edge(r);
-  if (!in_valid_range(format.kind, value) || !frame::field_fits_buffer(r)) {
-    return frame::fill_stars(r);
+  const double value = frame::read_value(*request);
+  if (auto settled = settle_before_rendering(*request, format.limits, format.kind, value)) {
+    return *settled;
   }
-  return render_with_locale_patterns(r, format, value);
+  return render_with_locale_patterns(*request, format, value);
 }
 
 }  // namespace corvinel::nldate

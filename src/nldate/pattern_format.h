@@ -34,8 +34,7 @@ struct PatternFormat {
   Fallback fallback;
 };
 
-// Limit check, missing value (mark at the right edge, as for decimals 0), the
-// range gate (a value outside its kind's range shows "*"), then the patterns.
+// settle_before_rendering (date_frame.h), then the patterns.
 int32_t pattern_format_frame(fmtreq *request, const PatternFormat &format);
 
 }  // namespace corvinel::nldate

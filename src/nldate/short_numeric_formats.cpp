@@ -3,7 +3,7 @@
 // renderers the single-pattern formats reach through their short form.
 #include "corvinel/formats.h"
 #include "frame/format_frame.h"
-#include "nldate/date_value.h"
+#include "nldate/date_frame.h"
 #include "nldate/short_numeric_form.h"
 
 namespace corvinel::nldate {
@@ -30,14 +30,11 @@ constexpr ShortNumericFormat kNldatmyqs{{4, 200, 0, 0}, ValueKind::Datetime,
                                         ShortForm::DatetimeYearQuarter};
 
 int32_t short_numeric_frame(fmtreq *request, const ShortNumericFormat &format) {
-  fmtreq &r = *request;
-  if (const int32_t code = frame::check_limits(r, format.limits)) return code;
-  const double value = frame::read_value(r);
-  if (frame::is_missing(value)) return frame::render_missing_at_right_edge(r);
-  if (!in_valid_range(format.kind, value) || !frame::field_fits_buffer(r)) {
-    return frame::fill_stars(r);
+  const double value = frame::read_value(*request);
+  if (auto settled = settle_before_rendering(*request, format.limits, format.kind, value)) {
+    return *settled;
   }
-  return render_short_numeric(r, format.form, value);
+  return render_short_numeric(*request, format.form, value);
 }
 
 }  // namespace
