@@ -51,7 +51,6 @@ int32_t classic_based_frame(fmtreq *request, const ClassicBasedFormat &format) {
   if (!best) r.capacity = std::min(r.capacity, r.width);
   // Tells the classic rendering that a locale-aware format called it; left set.
   r.flags |= FMTREQ_LOCALE_CALLER;
-  if (!frame::is_missing(value) && !frame::field_fits_buffer(r)) return frame::fill_stars(r);
 
   // The classic renderings read the value through the request: a request
   // without one gets the missing value read_value stands in for.
@@ -59,7 +58,15 @@ int32_t classic_based_frame(fmtreq *request, const ClassicBasedFormat &format) {
   if (caller_value == nullptr) r.value = &std_miss_val;
   const int32_t caller_decimals = r.decimals;
   if (best) r.decimals = 99;  // BEST: the most precise text that fits
-  const int32_t result = render_with_locale_separators(r, format, caller_capacity, value);
+  // A field the buffer cannot hold is never handed to a classic rendering.
+  int32_t result = CORVINEL_OK;
+  if (frame::field_fits_buffer(r)) {
+    result = render_with_locale_separators(r, format, caller_capacity, value);
+  } else if (frame::is_missing(value)) {
+    result = frame::render_missing_number(r);
+  } else {
+    result = frame::fill_stars(r);
+  }
   r.decimals = caller_decimals;
   r.value = caller_value;
   return result;
