@@ -1,2 +1,123 @@
-// Placeholder until the host tool lands.
-int main() { return 0; }
+// corvinel-fmt: renders values with the module's formats the way a host does
+// (dlopen, the entry, a registry lookup, one request per value) and prints
+// what each format left in its buffer.
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "arguments.h"
+#include "classic_names.h"
+#include "module.h"
+#include "render.h"
+
+namespace corvinel::cli {
+namespace {
+
+constexpr int kExitUsage = 2;
+constexpr int kExitFailed = 3;
+
+constexpr const char *kHelp =
+    "usage: corvinel-fmt [options] FORMAT VALUE...\n"
+    "       corvinel-fmt [options] --list\n"
+    "       corvinel-fmt [options] --item N [--expand]\n"
+    "\n"
+    "Renders each VALUE with FORMAT and prints the outlen bytes the format left,\n"
+    "one line per value.  FORMAT is NAME, NAMEw., NAMEw.d or NAME.d (any case);\n"
+    "a missing width or decimals takes the format's default.  VALUE is a number\n"
+    "(15760, -1.5e3, nan, inf) or a missing value (., ._, .A .. .Z).\n"
+    "\n"
+    "options:\n"
+    "  --module PATH        load this module (default: libcorvinel.so beside the tool)\n"
+    "  --locale NAME        set ORB_LOCALE for the run\n"
+    "  --locale-number N    the request's locale number (1..136 picks a record)\n"
+    "  --check              ask the format to check width and decimals\n"
+    "  --utf16              ask for 16-bit units; printed as hexadecimal bytes\n"
+    "  --capacity N         size of the output buffer (default: width, at least 402)\n"
+    "  --bars               print each result between | and |\n"
+    "  --classic            FORMAT names a classic rendering (COMMA10.2, zfmdate9.)\n"
+    "  --list               print the registry: name, width and decimals limits\n"
+    "                       with defaults in brackets, kind\n"
+    "  --item N             print locale item N of the current locale\n"
+    "  --expand             with --item: pass the item through output expansion\n"
+    "  --help               this text\n"
+    "\n"
+    "exit status: 0 success, 2 bad arguments, 3 a format or lookup failed\n";
+
+void print_registry(const struct fmtinfo &registry) {
+  for (int32_t i = 0; i < registry.count; ++i) {
+    const fmtdesc &d = registry.descriptors[i];
+    std::printf("%-15.*s width %d..%d (%d)  decimals %d..%d (%d)  kind %d\n", d.namelen, d.name,
+                d.minw, d.maxw, d.defw, d.mind, d.maxd, static_cast<int>(d.defd), d.kind);
+  }
+}
+
+const fmtdesc *find_descriptor(const struct fmtinfo &registry, const std::string &name) {
+  for (int32_t i = 0; i < registry.count; ++i) {
+    const fmtdesc &d = registry.descriptors[i];
+    if (static_cast<std::size_t>(d.namelen) == name.size() &&
+        std::memcmp(d.name, name.data(), name.size()) == 0) {
+      return &d;
+    }
+  }
+  return nullptr;
+}
+
+// The routine, width and decimals FORMAT names.
+Rendering resolve_rendering(const Module &module, const Options &options) {
+  const ParsedFormat parsed = parse_format(options.format);
+  Rendering rendering;
+  if (options.classic) {
+    const auto classic = find_classic(parsed.name);
+    if (!classic) throw UsageError("unknown classic rendering " + parsed.name);
+    rendering.render = module.require<fmt_render_fn>(classic->symbol, "classic routine");
+    rendering.width = parsed.width.value_or(classic->default_width);
+    rendering.decimals = classic->best ? 99 : parsed.decimals.value_or(classic->default_decimals);
+    return rendering;
+  }
+  const fmtdesc *descriptor = find_descriptor(module.registry(), parsed.name);
+  if (descriptor == nullptr) throw UsageError("unknown format " + parsed.name);
+  rendering.render = descriptor->render;
+  rendering.width = parsed.width.value_or(descriptor->defw);
+  rendering.decimals = parsed.decimals.value_or(descriptor->defd);
+  return rendering;
+}
+
+int run(const std::vector<std::string> &arguments) {
+  const Options options = parse_arguments(arguments);
+  if (options.help) {
+    std::fputs(kHelp, stdout);
+    return 0;
+  }
+  std::vector<double> values;
+  for (const std::string &text : options.values) values.push_back(parse_value(text));
+  if (options.locale_name) setenv("ORB_LOCALE", options.locale_name->c_str(), 1);
+
+  const Module module(options.module_path);
+  if (options.list) {
+    print_registry(module.registry());
+    return 0;
+  }
+  const Printer printer{options.bars, options.utf16};
+  if (options.item) return show_locale_item(module, options, printer) ? 0 : kExitFailed;
+
+  const Rendering rendering = resolve_rendering(module, options);
+  bool all_succeeded = true;
+  for (const double value : values) {
+    all_succeeded &= render_value(rendering, value, options, printer);
+  }
+  return all_succeeded ? 0 : kExitFailed;
+}
+
+}  // namespace
+}  // namespace corvinel::cli
+
+int main(int argc, char **argv) {
+  try {
+    return corvinel::cli::run(std::vector<std::string>(argv + 1, argv + argc));
+  } catch (const corvinel::cli::UsageError &error) {
+    std::fprintf(stderr, "corvinel-fmt: %s\n", error.what());
+    return corvinel::cli::kExitUsage;
+  }
+}

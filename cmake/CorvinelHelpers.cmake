@@ -19,8 +19,12 @@ function(corvinel_add_test name)
   add_executable(${name} ${ARGN})
   target_link_libraries(${name} PRIVATE corvinel_objects corvinel_test_support GTest::gtest GTest::gmock GTest::gtest_main)
   target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/src" "${PROJECT_SOURCE_DIR}/tests")
+  # One variable per property: gtest_discover_tests flattens a list value,
+  # which would lose every variable after the first.
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
-    PROPERTIES ENVIRONMENT "CORVINEL_MODULE=$<TARGET_FILE:corvinel>;CORVINEL_FMT=$<TARGET_FILE:corvinel-fmt>")
+    PROPERTIES
+      ENVIRONMENT "CORVINEL_MODULE=$<TARGET_FILE:corvinel>"
+      ENVIRONMENT_MODIFICATION "CORVINEL_FMT=set:$<TARGET_FILE:corvinel-fmt>")
 endfunction()
 
 # corvinel_add_generator(NAME COMMAND cmd... [DEPENDS target...])

@@ -36,8 +36,14 @@ CORVINEL_API extern const struct fmtinfo fmtinfo;
 CORVINEL_API extern const struct fmtdesc fmtinfo_eachfmt[CORVINEL_FORMAT_COUNT];
 
 /* Module entry: sets the process locale from the environment and returns the
-   registry. */
+   registry.  In C++ the name `corvinel` is the module's namespace, so C++
+   code declares the entry as `corvinel_entry`; both name the symbol
+   "corvinel". */
+#ifdef __cplusplus
+CORVINEL_API const struct fmtinfo *corvinel_entry(void) __asm__("corvinel");
+#else
 CORVINEL_API const struct fmtinfo *corvinel(void);
+#endif
 
 CORVINEL_EXTERN_C_END
 

@@ -20,7 +20,9 @@ CORVINEL_API int32_t zmiss(double value);
 
 /* Blank-fills `capacity` bytes of `output`, sets `outlen` to `width` and
    writes the mark of the missing value at width-1-decimals (width-1 for
-   decimals 98 or 99).  A position outside the buffer writes nothing. */
+   decimals 98 or 99).  A position outside the buffer writes nothing, a null
+   `output` is not written to, and a null `value` counts as the standard
+   missing value. */
 CORVINEL_API int32_t zfmmiss(fmtreq *request);
 
 CORVINEL_EXTERN_C_END

@@ -1,0 +1,57 @@
+// Command line of corvinel-fmt: options, the format written as the host's
+// users write it (NAME, NAMEw., NAMEw.d, NAME.d), and values.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace corvinel::cli {
+
+// A problem with the command line; main reports it on one line and exits 2.
+class UsageError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+struct Options {
+  std::string module_path;  // empty: libcorvinel.so beside the tool
+  std::optional<std::string> locale_name;
+  int32_t locale_number = 0;
+  std::optional<int32_t> capacity;
+  std::optional<int32_t> item;
+  bool check = false;
+  bool utf16 = false;
+  bool bars = false;
+  bool classic = false;
+  bool expand = false;
+  bool list = false;
+  bool help = false;
+  std::string format;
+  std::vector<std::string> values;
+};
+
+// Throws UsageError naming the first problem.
+Options parse_arguments(const std::vector<std::string> &arguments);
+
+struct ParsedFormat {
+  std::string name;  // upper case
+  std::optional<int32_t> width;
+  std::optional<int32_t> decimals;
+};
+
+// Widths above this are refused: no host field is that wide, and the tool
+// allocates the buffer.
+inline constexpr int32_t kMaxWidth = 65535;
+inline constexpr int32_t kMaxCapacity = 1 << 20;
+
+ParsedFormat parse_format(std::string_view text);
+
+// A number as strtod reads it (nan and inf included) or a missing value:
+// ".", "._", ".A" .. ".Z" (letters in either case).
+double parse_value(std::string_view text);
+
+}  // namespace corvinel::cli

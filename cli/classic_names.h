@@ -1,0 +1,24 @@
+// The host's classic renderings, reached by routine name ("zfmcma") or by
+// the family name the host's users know ("COMMA").
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace corvinel::cli {
+
+struct ClassicRoutine {
+  std::string symbol;        // routine name in the module
+  int32_t default_width;
+  int32_t default_decimals;
+  bool best = false;         // BEST: zfmt with decimals 99 whatever was asked
+};
+
+// `name` in upper case (as parse_format gives it).  A family name maps to its
+// routine; any other name starting with "Z" is taken as a routine name.
+// Nothing for names that are neither.
+std::optional<ClassicRoutine> find_classic(std::string_view name);
+
+}  // namespace corvinel::cli

@@ -1,0 +1,61 @@
+// NLNUM, NLNUMI, NLMNY, NLMNYI, NLPCT and NLPCTI: a number in the conventions
+// of the request's locale, through the locale number engine.
+#include "corvinel/formats.h"
+#include "frame/format_frame.h"
+
+namespace corvinel::nlnum {
+namespace {
+
+// The host's rendering that stands in when the locale lacks the convention.
+enum class ClassicFallback { Comma, Dollar, Percent };
+
+struct NumberFormat {
+  frame::Limits limits;
+  int32_t convention_item;  // the locale item holding the number pattern
+  ClassicFallback fallback;
+  bool percent;  // renders 100 times the value; the mark leaves room for "%"
+};
+
+constexpr frame::Limits kNumberLimits{1, 32, 0, 31};
+constexpr frame::Limits kPercentLimits{4, 32, 0, 31};
+
+constexpr NumberFormat kNlnum{kNumberLimits, 183, ClassicFallback::Comma, false};
+constexpr NumberFormat kNlnumi{kNumberLimits, 184, ClassicFallback::Comma, false};
+constexpr NumberFormat kNlmny{kNumberLimits, 170, ClassicFallback::Dollar, false};
+constexpr NumberFormat kNlmnyi{kNumberLimits, 171, ClassicFallback::Dollar, false};
+constexpr NumberFormat kNlpct{kPercentLimits, 185, ClassicFallback::Percent, true};
+constexpr NumberFormat kNlpcti{kPercentLimits, 186, ClassicFallback::Percent, true};
+
+// A present value: the locale's number pattern, else the classic fallback,
+// then output expansion.  Not built yet: the field shows "*".
+int32_t render_number(fmtreq &request, const NumberFormat & /*format*/, double /*value*/) {
+  return frame::fill_stars(request);
+}
+
+int32_t number_frame(fmtreq *request, const NumberFormat &format) {
+  fmtreq &r = *request;
+  if (const int32_t code = frame::check_limits(r, format.limits)) return code;
+  const double value = frame::read_value(r);
+  frame::blank_field(r);
+  if (frame::is_missing(value)) {
+    return format.percent ? frame::render_missing_percent(r) : frame::render_missing_number(r);
+  }
+  if (!frame::field_fits_buffer(r)) return frame::fill_stars(r);
+  return render_number(r, format, value);
+}
+
+}  // namespace
+}  // namespace corvinel::nlnum
+
+using corvinel::nlnum::number_frame;
+
+extern "C" {
+
+int32_t nlnum(fmtreq *request) { return number_frame(request, corvinel::nlnum::kNlnum); }
+int32_t nlnumi(fmtreq *request) { return number_frame(request, corvinel::nlnum::kNlnumi); }
+int32_t nlmny(fmtreq *request) { return number_frame(request, corvinel::nlnum::kNlmny); }
+int32_t nlmnyi(fmtreq *request) { return number_frame(request, corvinel::nlnum::kNlmnyi); }
+int32_t nlpct(fmtreq *request) { return number_frame(request, corvinel::nlnum::kNlpct); }
+int32_t nlpcti(fmtreq *request) { return number_frame(request, corvinel::nlnum::kNlpcti); }
+
+}  // extern "C"
