@@ -27,6 +27,18 @@ CORVINEL_API int32_t obnlsTranscodeUnicode(const char *encoding, const unsigned 
                                            int32_t nbytes, char *out, int32_t outcap,
                                            int32_t *outlen);
 
+/* Output expansion, the last step of every locale-aware format: expands the
+   <Uxxxx> escapes of the *len bytes of `buf` into UTF-16 code units,
+   transcodes them into the session encoding (or, for outenc 25, delivers the
+   units themselves low byte first and sets *encout to 25) and cuts the text
+   back one unit at a time until it is at most `width` bytes.  Returns 4 (no
+   conversion), 2 (the result does not fit `capacity`), 1 (cut back to fit
+   `width`) or the result length minus `width` (0 or negative: it fits);
+   `buf` is untouched for 4 and 2.  `reserved` is not read. */
+CORVINEL_API int32_t getExpResultFromNarrowCharBuf(int32_t reserved, int32_t outenc,
+                                                   int32_t *encout, char *buf, int32_t *len,
+                                                   int32_t width, int32_t capacity);
+
 CORVINEL_EXTERN_C_END
 
 #endif

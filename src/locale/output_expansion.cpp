@@ -138,6 +138,13 @@ int32_t transcode_unicode_per_call(const char *encoding, const unsigned char *un
 
 }  // namespace corvinel::locale
 
+extern "C" int32_t getExpResultFromNarrowCharBuf(int32_t reserved, int32_t outenc,
+                                                 int32_t *encout, char *buf, int32_t *len,
+                                                 int32_t width, int32_t capacity) {
+  return corvinel::locale::getExpResultFromNarrowCharBuf(reserved, outenc, encout, buf, len, width,
+                                                         capacity);
+}
+
 extern "C" int32_t obnlsTranscodeUnicode(const char *encoding, const unsigned char *units,
                                          int32_t nbytes, char *out, int32_t outcap,
                                          int32_t *outlen) {
