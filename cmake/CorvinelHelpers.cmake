@@ -12,11 +12,20 @@ function(corvinel_add_subdirectories dir)
   endforeach()
 endfunction()
 
-# corvinel_add_test(NAME source...)
+# corvinel_add_test(NAME source... [WITH_SESSION_LOCALES])
 # One GoogleTest executable linked against the module's objects (internal
-# symbols included), registered with CTest test by test.
+# symbols visible), registered with CTest test by test.  WITH_SESSION_LOCALES
+# compiles the session locales of tests/support/session_locales.h (UTF-8,
+# ISO-8859-1, EUC-JP, ...) once, before the first test, into a directory of
+# the build tree that LOCPATH names.
 function(corvinel_add_test name)
-  add_executable(${name} ${ARGN})
+  cmake_parse_arguments(TEST "WITH_SESSION_LOCALES" "" "" ${ARGN})
+  add_executable(${name} ${TEST_UNPARSED_ARGUMENTS})
+  if(TEST_WITH_SESSION_LOCALES)
+    target_sources(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests/support/session_locales_environment.cpp")
+  endif()
+  target_compile_definitions(${name} PRIVATE
+    CORVINEL_TEST_LOCPATH="${PROJECT_BINARY_DIR}/tests/session-locales")
   target_link_libraries(${name} PRIVATE corvinel_objects corvinel_test_support GTest::gtest GTest::gmock GTest::gtest_main)
   target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/src" "${PROJECT_SOURCE_DIR}/tests")
   # One variable per property: gtest_discover_tests flattens a list value,
@@ -26,6 +35,7 @@ function(corvinel_add_test name)
       ENVIRONMENT "CORVINEL_MODULE=$<TARGET_FILE:corvinel>"
       ENVIRONMENT_MODIFICATION "CORVINEL_FMT=set:$<TARGET_FILE:corvinel-fmt>")
 endfunction()
+
 
 # corvinel_add_generator(NAME COMMAND cmd... [DEPENDS target...])
 # A target regen-NAME that rewrites committed generated sources in the source

@@ -13,7 +13,7 @@
 #include <string>
 
 #include "locale/output_expansion.h"
-#include "locale/session_locales.h"
+#include "support/session_locales.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include "corvinel/fmtreq.h"
 #include "corvinel/transcode.h"
 #include "locale/output_expansion.h"
-#include "locale/session_locales.h"
+#include "support/session_locales.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // Compiles the session locales once, before the first test of the run.
 #include <gtest/gtest.h>
 
-#include "locale/session_locales.h"
+#include "support/session_locales.h"
 
 namespace {
 

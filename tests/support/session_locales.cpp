@@ -1,4 +1,4 @@
-#include "locale/session_locales.h"
+#include "support/session_locales.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
