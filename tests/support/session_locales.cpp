@@ -33,17 +33,17 @@ bool exists(const std::string &path) {
   return stat(path.c_str(), &info) == 0;
 }
 
-std::string quoted(const std::string &text) { return "'" + text + "'"; }
+std::string shell_quoted(const std::string &text) { return "'" + text + "'"; }
 
 // The character map of the unknown codeset: ISO-8859-1 renamed.
 std::string unknown_charmap(const std::string &directory) {
   const std::string path = directory + "/unknown-codeset.charmap";
   const std::string gz = std::string(kCharmaps) + "/ISO-8859-1.gz";
-  const std::string source = exists(gz) ? "zcat " + quoted(gz)
-                                        : "cat " + quoted(std::string(kCharmaps) + "/ISO-8859-1");
+  const std::string source = exists(gz) ? "zcat " + shell_quoted(gz)
+                                        : "cat " + shell_quoted(std::string(kCharmaps) + "/ISO-8859-1");
   const std::string command = source +
                               " | sed 's/^<code_set_name> .*/<code_set_name> X-CORVINEL-UNKNOWN/' > " +
-                              quoted(path);
+                              shell_quoted(path);
   return std::system(command.c_str()) == 0 ? path : std::string();
 }
 
@@ -56,11 +56,11 @@ bool build(const std::string &directory, const LocaleRecipe &recipe) {
   // localedef may exit with 1 for warnings about the sources; what counts is
   // a complete locale, moved into place only when done.
   const std::string partial = target + ".partial";
-  const std::string command = "rm -rf " + quoted(partial) + " && localedef -i " +
-                              quoted(recipe.source) + " -f " + quoted(charmap) + " " +
-                              quoted(partial) + " >/dev/null 2>&1; test -f " +
-                              quoted(partial + "/LC_CTYPE") + " && rm -rf " + quoted(target) +
-                              " && mv " + quoted(partial) + " " + quoted(target);
+  const std::string command = "rm -rf " + shell_quoted(partial) + " && localedef -i " +
+                              shell_quoted(recipe.source) + " -f " + shell_quoted(charmap) + " " +
+                              shell_quoted(partial) + " >/dev/null 2>&1; test -f " +
+                              shell_quoted(partial + "/LC_CTYPE") + " && rm -rf " + shell_quoted(target) +
+                              " && mv " + shell_quoted(partial) + " " + shell_quoted(target);
   if (std::system(command.c_str()) != 0) {
     std::fprintf(stderr, "could not compile locale %s with localedef\n", recipe.name);
     return false;
