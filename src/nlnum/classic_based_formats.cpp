@@ -80,7 +80,9 @@ int32_t render_classic(fmtreq &request, ClassicRendering classic) {
 // The group separator is taken when it is one byte too.  Deliberate: where
 // it is an escape ("<U202F>", a narrow no-break space) or empty (no
 // grouping), a blank stands for it; its first byte alone would show "<" or
-// a NUL inside the number.
+// a NUL inside the number.  (BEST, D, PVALUE and PERCENT group no digits
+// today, so only the decimal separator shows; the "," case keeps the swap
+// right for a classic text that does.)
 void put_locale_separators(fmtreq &request) {
   char decimal[CORVINEL_LOCALE_TEXT];
   if (getORBLocDB(decimal, CORVINEL_LOCALE_TEXT, kDecimalSeparatorItem, request.locale) != 1 ||

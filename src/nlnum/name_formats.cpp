@@ -21,9 +21,9 @@ namespace corvinel::nlnum {
 namespace {
 
 struct NameFormat {
-  double last;                 // highest value with a name: 12, 4 or 7
-  int32_t full_names;          // item of the first full name
-  int32_t abbreviated_names;   // item of the first abbreviated name
+  double last;                // highest value with a name: 12, 4 or 7
+  int32_t full_names;         // item of the first full name
+  int32_t abbreviated_names;  // item of the first abbreviated name
 };
 
 constexpr frame::Limits kNameLimits{1, 200, 0, 3};
@@ -86,8 +86,8 @@ bool upper_case_in_session_encoding(char *text, int32_t &length, int32_t limit) 
   };
   for (std::size_t i = 0; i < count; ++i) {
     const std::mbstate_t before = to_narrow;
-    std::size_t n = std::wcrtomb(bytes.data(), static_cast<wchar_t>(std::towupper(wide[i])),
-                                 &to_narrow);
+    std::size_t n =
+        std::wcrtomb(bytes.data(), static_cast<wchar_t>(std::towupper(wide[i])), &to_narrow);
     if (n == static_cast<std::size_t>(-1)) {
       to_narrow = before;
       n = std::wcrtomb(bytes.data(), wide[i], &to_narrow);

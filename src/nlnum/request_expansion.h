@@ -25,13 +25,12 @@ inline bool delivers_16_bit_units(const fmtreq &request) {
 // request's width in session-encoding bytes and `capacity` bytes in all;
 // the high half of `xcode_state` is left alone.  Returns what expansion
 // returns (0 or less: the text fits).
-inline int32_t expand_for_request(fmtreq &request, char *text, int32_t *length,
-                                  int32_t capacity) {
+inline int32_t expand_for_request(fmtreq &request, char *text, int32_t *length, int32_t capacity) {
   int32_t delivered = delivered_encoding(request);
   const int32_t result = locale::getExpResultFromNarrowCharBuf(
       request.xcode_a, request.xcode_b, &delivered, text, length, request.width, capacity);
-  request.xcode_state = (request.xcode_state & ~int64_t{0xFFFFFFFF}) |
-                        int64_t{static_cast<uint32_t>(delivered)};
+  request.xcode_state =
+      (request.xcode_state & ~int64_t{0xFFFFFFFF}) | int64_t{static_cast<uint32_t>(delivered)};
   return result;
 }
 
