@@ -1,10 +1,15 @@
 // NLBEST, NLD, NLPVALUE, NLPCTN and NLPCTP: the host's classic renderings
 // with the locale's decimal and group separators put in afterwards.
 #include <algorithm>
+#include <cstddef>
+#include <span>
 
+#include "corvinel/classic_numbers.h"
 #include "corvinel/formats.h"
+#include "corvinel/locale_db.h"
 #include "corvinel/missing.h"
 #include "frame/format_frame.h"
+#include "nlnum/request_expansion.h"
 
 namespace corvinel::nlnum {
 namespace {
@@ -28,14 +33,89 @@ constexpr ClassicBasedFormat kNlpvalue{{3, 32, 1, 30}, ClassicRendering::PValue}
 constexpr ClassicBasedFormat kNlpctn{{4, 32, 0, 31}, ClassicRendering::PercentWithMinus};
 constexpr ClassicBasedFormat kNlpctp{{4, 32, 0, 31}, ClassicRendering::Percent};
 
-// The classic rendering of the request, the locale's one-byte separators in
-// place of "." and ",", then output expansion with the caller's capacity.
-// Not built yet: a missing value shows its mark where the classic renderings
-// put it (the units place of `decimals`), anything else "*".
-int32_t render_with_locale_separators(fmtreq &request, const ClassicBasedFormat & /*format*/,
-                                      int32_t /*caller_capacity*/, double value) {
-  if (frame::is_missing(value)) return frame::render_missing_number(request);
-  return frame::fill_stars(request);
+// Item codes of the locale's decimal and group separators.
+constexpr int32_t kDecimalSeparatorItem = 172;
+constexpr int32_t kGroupSeparatorItem = 173;
+
+// PERCENT with a minus sign in place of the brackets: the brackets become
+// blanks and "-" goes directly before the first character, while the digits
+// stay where PERCENT put them.  A negative value that rounds to zero shows
+// no brackets and, like every classic rendering, no sign.
+int32_t pctn(fmtreq &request) {
+  const int32_t result = zfmpct(&request);
+  if (result != CORVINEL_OK) return result;
+  const double value = frame::read_value(request);
+  if (frame::is_missing(value) || !(value < 0)) return result;
+  char *const begin = request.output;
+  char *const end = begin + std::clamp(request.outlen, 0, request.width);
+  char *const open = std::find(begin, end, '(');
+  if (open == end) return result;
+  *open = ' ';
+  if (char *const close = std::find(open, end, ')'); close != end) *close = ' ';
+  char *const first = std::find_if(begin, end, [](char c) { return c != ' '; });
+  if (first != begin && first != end) first[-1] = '-';
+  return result;
+}
+
+int32_t render_classic(fmtreq &request, ClassicRendering classic) {
+  switch (classic) {
+    case ClassicRendering::Best:
+      return zfmt(&request);
+    case ClassicRendering::D:
+      return zfmd(&request);
+    case ClassicRendering::PValue:
+      return zfmpval(&request);
+    case ClassicRendering::PercentWithMinus:
+      return pctn(request);
+    case ClassicRendering::Percent:
+      break;
+  }
+  return zfmpct(&request);
+}
+
+// Puts the locale's separators in place of the classic "." and "," in one
+// pass over the field, so that a swapped character is never swapped back.
+// Only a decimal separator of exactly one byte other than "." is put in; a
+// longer one (an escape such as "<U066B>") leaves the classic text as it is.
+// The group separator is taken when it is one byte too.  Deliberate: where
+// it is an escape ("<U202F>", a narrow no-break space) or empty (no
+// grouping), a blank stands for it; its first byte alone would show "<" or
+// a NUL inside the number.  (BEST, D, PVALUE and PERCENT group no digits
+// today, so only the decimal separator shows; the "," case keeps the swap
+// right for a classic text that does.)
+void put_locale_separators(fmtreq &request) {
+  char decimal[CORVINEL_LOCALE_TEXT];
+  if (getORBLocDB(decimal, CORVINEL_LOCALE_TEXT, kDecimalSeparatorItem, request.locale) != 1 ||
+      decimal[0] == '.') {
+    return;
+  }
+  char group[CORVINEL_LOCALE_TEXT];
+  const bool one_byte_group =
+      getORBLocDB(group, CORVINEL_LOCALE_TEXT, kGroupSeparatorItem, request.locale) == 1;
+  const char group_mark = one_byte_group ? group[0] : ' ';
+  for (char &c : std::span(request.output, static_cast<std::size_t>(request.width))) {
+    if (c == '.') {
+      c = decimal[0];
+    } else if (c == ',') {
+      c = group_mark;
+    }
+  }
+}
+
+// The classic rendering of the request, the locale's separators, then
+// output expansion with the caller's capacity.  A missing value keeps the
+// mark its classic rendering wrote: "." is the host's missing-value mark in
+// every locale, not a decimal point.  When expansion fails the field shows
+// "*" and the classic rendering's result is returned.
+int32_t render_with_locale_separators(fmtreq &request, const ClassicBasedFormat &format,
+                                      int32_t caller_capacity, double value) {
+  const int32_t classic_result = render_classic(request, format.classic);
+  if (!frame::is_missing(value)) put_locale_separators(request);
+  if (expand_for_request(request, request.output, &request.outlen, caller_capacity) <= 0) {
+    return CORVINEL_OK;
+  }
+  frame::fill_stars(request);
+  return classic_result;
 }
 
 int32_t classic_based_frame(fmtreq *request, const ClassicBasedFormat &format) {
