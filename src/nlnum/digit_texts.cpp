@@ -11,8 +11,8 @@
 namespace corvinel::nlnum {
 namespace {
 
-// Room for any fixed text with up to kMaxPrecision decimals (309 integer
-// digits, sign, point) and any "%G" text with up to kMaxPrecision digits.
+// Room for a fixed text below 1e70 with fewer than 62 decimals, and for any
+// "%G" text with up to kMaxPrecision digits.
 constexpr int kWholeTextCapacity = 1100;
 
 int print_fixed(double value, int precision, char *out) {
@@ -58,6 +58,12 @@ bool FastNumberTexts::generates(double value) const {
 
 int FastNumberTexts::fixed(double value, int precision, char *out) const {
   if (!generates(value)) return print_fixed(value, precision, out);
+  // Texts sure to be too wide are not written: a point and `precision`
+  // digits follow the first digit, and 1e70 has more than 64 digits.
+  if (precision >= kDigitTextCapacity - 2 || std::fabs(value) >= 1e70) {
+    out[0] = '\0';
+    return kDigitTextCapacity;
+  }
   char text[kWholeTextCapacity];
   const auto [end, error] =
       std::to_chars(text, text + sizeof text, value, std::chars_format::fixed, precision);

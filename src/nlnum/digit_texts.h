@@ -28,10 +28,14 @@ inline constexpr int kDigitTextCapacity = 64;
 // decimals is far wider than any field.  Callers cap precisions here.
 inline constexpr int kMaxPrecision = 767;
 
-// Every text function writes the first kDigitTextCapacity - 1 bytes of its
-// text and a NUL into `out` (kDigitTextCapacity bytes) and returns the full
-// length of the text, or a negative number when the C library fails.
-// precision lies in 0 .. kMaxPrecision; field in 0 .. kDigitTextCapacity.
+// Every text function writes its text and a NUL into `out`
+// (kDigitTextCapacity bytes) and returns its length, or a negative number
+// when the C library fails.  A text of kDigitTextCapacity bytes or more is
+// wider than any field it is compared with: its length is reported as at
+// least kDigitTextCapacity, and `out` then holds the text's first bytes for
+// "%G" texts (the engine looks at how they begin) and nothing that counts
+// for fixed texts.  precision lies in 0 .. kMaxPrecision; field in
+// 0 .. kDigitTextCapacity.
 class PrintfNumberTexts {
  public:
   PrintfNumberTexts();
