@@ -131,8 +131,8 @@ class AmountFitting {
       char composed[kComposedCapacity];
       length = compose_layout(layout_, with_symbol ? symbol_ : std::string_view(), sign_,
                               negative_, number_.view(), bracket_blank_, composed);
-      switch (place_right_aligned(request_, request_.output, request_.width, composed, length,
-                                  request_.capacity)) {
+      switch (place_right_aligned(request_, codeset_, request_.output, request_.width, composed,
+                                  length, request_.capacity)) {
         case Placement::kPlaced: done_ = CORVINEL_OK; return true;
         case Placement::kFailed: done_ = frame::fill_stars(request_); return true;
         case Placement::kTooWide: break;
@@ -155,7 +155,8 @@ class AmountFitting {
     std::memset(justified, ' ', static_cast<std::size_t>(width - length));
     std::memcpy(justified + (width - length), fixed, static_cast<std::size_t>(length));
     const int32_t room = static_cast<int32_t>(std::min<int64_t>(2 * int64_t{request_.capacity}, INT32_MAX));
-    if (place_right_aligned(request_, request_.output, width, justified, width, room) == Placement::kPlaced) {
+    if (place_right_aligned(request_, codeset_, request_.output, width, justified, width, room) ==
+        Placement::kPlaced) {
       return CORVINEL_OK;
     }
     return frame::fill_stars(request_);
@@ -166,6 +167,7 @@ class AmountFitting {
   const std::string_view symbol_;
   const NumberMarks marks_;
   const FastNumberTexts texts_;
+  const SessionCodeset codeset_ = read_session_codeset();
   const char *layout_;
   std::string_view sign_;
   bool negative_;

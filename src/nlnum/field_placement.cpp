@@ -30,15 +30,16 @@ void blank_fill_units(char *output, int32_t capacity, bool high_byte_first) {
 
 }  // namespace
 
-Placement place_right_aligned(fmtreq &request, char *output, int32_t width, const char *text,
-                              int32_t length, int32_t expansion_capacity) {
+Placement place_right_aligned(fmtreq &request, SessionCodeset codeset, char *output,
+                              int32_t width, const char *text, int32_t length,
+                              int32_t expansion_capacity) {
   if (length < 0 || length > kExpansionBuffer) return Placement::kFailed;
   char buffer[kExpansionBuffer];
   std::memcpy(buffer, text, static_cast<std::size_t>(length));
   int32_t expanded = length;
   int32_t encoding = delivered_encoding(request);
-  const int32_t result = locale::getExpResultFromNarrowCharBuf(
-      request.xcode_a, request.xcode_b, &encoding, buffer, &expanded, width, expansion_capacity);
+  const int32_t result = expand_output(codeset, request.xcode_b, &encoding, buffer, &expanded,
+                                      width, expansion_capacity);
   set_delivered_encoding(request, encoding);
   if (result == locale::kExpansionShortened) return Placement::kTooWide;
   if (result > locale::kExpansionShortened) return Placement::kFailed;

@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "corvinel/fmtreq.h"
+#include "nlnum/simple_expansion.h"
 
 namespace corvinel::nlnum {
 
@@ -16,8 +17,8 @@ enum class Placement {
 };
 
 // Expands `length` bytes of `text` with the request's transcoding words and
-// the field width `width`; `expansion_capacity` is the room the expansion
-// may use.  When the text fits, blank-fills `capacity` bytes of `output`
+// the field width `width` (in the session `codeset` read for this call);
+// `expansion_capacity` is the room the expansion may use.  When the text fits, blank-fills `capacity` bytes of `output`
 // (in 16-bit units when the delivered encoding, the low word of
 // `xcode_state`, is 24 or 25: high byte first for 24, low byte first for
 // 25) and copies the text so that it ends at the field's right edge:
@@ -26,8 +27,9 @@ enum class Placement {
 //   - otherwise: starting width - its length bytes in, `outlen` = width.
 // A text that would pass `capacity` there fails.  Nothing is written unless
 // the text is placed.  Requires 1 <= width <= capacity.
-Placement place_right_aligned(fmtreq &request, char *output, int32_t width, const char *text,
-                              int32_t length, int32_t expansion_capacity);
+Placement place_right_aligned(fmtreq &request, SessionCodeset codeset, char *output,
+                              int32_t width, const char *text, int32_t length,
+                              int32_t expansion_capacity);
 
 // Output expansion in place of the `outlen` bytes the request's `output`
 // holds, with the request's width and capacity (the text of a classic

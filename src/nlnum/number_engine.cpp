@@ -6,6 +6,8 @@
 
 #include "corvinel/locale_db.h"
 #include "corvinel/missing.h"
+#include "locale/locale_records.h"
+#include "locale/pattern_convention.h"
 #include "nlnum/currency_layouts.h"
 #include "nlnum/digit_texts.h"
 #include "nlnum/field_placement.h"
@@ -57,14 +59,52 @@ int32_t render_missing(fmtreq &request) {
   return CORVINEL_OK;
 }
 
-template <typename NumberTexts>
+// The two ways of running the engine: the reference asks wzssglc for the
+// convention, snprintf for the digits and getExpResultFromNarrowCharBuf for
+// every expansion, as the engine was first written; the fast one reads the
+// convention in place from the locale record (the values wzssglc copies),
+// generates the digits itself and expands simple texts itself.
+struct ReferenceSources {
+  using Texts = PrintfNumberTexts;
+  static SessionCodeset session_codeset() { return SessionCodeset::kOther; }
+  static bool fetch(int32_t locale, int32_t item, patsyms &storage,
+                    locale::PatternConvention &convention) {
+    locbuf buffer{};
+    buffer.symbols = &storage;
+    locbuf *handle = &buffer;
+    if (wzssglc(locale, item, &handle) != 0) return false;
+    convention.symbol = storage.symbol;
+    convention.decimal = storage.decimal;
+    convention.separator = storage.separator;
+    convention.grouping = storage.grouping;
+    convention.positive = storage.positive;
+    convention.negative = storage.negative;
+    convention.p_cs_precedes = storage.p_cs_precedes;
+    convention.p_sep_by_space = storage.p_sep_by_space;
+    convention.p_sign_posn = storage.p_sign_posn;
+    convention.n_cs_precedes = storage.n_cs_precedes;
+    convention.n_sep_by_space = storage.n_sep_by_space;
+    convention.n_sign_posn = storage.n_sign_posn;
+    return true;
+  }
+};
+
+struct FastSources {
+  using Texts = FastNumberTexts;
+  static SessionCodeset session_codeset() { return read_session_codeset(); }
+  static bool fetch(int32_t locale, int32_t item, patsyms & /*storage*/,
+                    locale::PatternConvention &convention) {
+    convention = locale::read_pattern_convention(locale::select_record(locale), item);
+    return convention.complete;
+  }
+};
+
+template <typename Sources>
 int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtreq &request) {
-  if (mode != 0 || item <= 0) return kNoConvention;
-  patsyms convention;
-  locbuf buffer{};
-  buffer.symbols = &convention;
-  locbuf *handle = &buffer;
-  if (wzssglc(request.locale, item, &handle) != 0) return kNoConvention;
+  if (mode != 0 || !locale::is_pattern_item(item)) return kNoConvention;
+  patsyms storage;
+  locale::PatternConvention convention;
+  if (!Sources::fetch(request.locale, item, storage, convention)) return kNoConvention;
 
   const int32_t w = width;
   if (w <= 0) return CORVINEL_OK;
@@ -80,7 +120,8 @@ int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtr
   std::memset(output, ' ', static_cast<std::size_t>(w));
   if (!std::isfinite(value)) return fill_overflow(request, output, w);
 
-  const NumberTexts texts;
+  const typename Sources::Texts texts;
+  const SessionCodeset codeset = Sources::session_codeset();
   const NumberMarks marks{convention.decimal, convention.separator, convention.grouping};
   FittingState state{std::clamp(request.decimals, 0, kMaxPrecision)};
   if (marks.decimal.empty()) state.decimals = 0;
@@ -88,7 +129,7 @@ int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtr
   const char *layout =
       negative ? layout_for(convention.n_cs_precedes, convention.n_sep_by_space, convention.n_sign_posn)
                : layout_for(convention.p_cs_precedes, convention.p_sep_by_space, convention.p_sign_posn);
-  const char *sign = negative ? convention.negative : convention.positive;
+  const std::string_view sign = negative ? convention.negative : convention.positive;
   const bool bracket_blank = value > 0 && convention.n_sign_posn == 0;
 
   char digits[kDigitTextCapacity];
@@ -110,7 +151,8 @@ int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtr
       if (number.length <= kMaxAssembledNumber) {
         result_length = compose_layout(layout, convention.symbol, sign, negative, number.view(),
                                        bracket_blank, composed);
-        switch (place_right_aligned(request, output, w, composed, result_length, request.capacity)) {
+        switch (place_right_aligned(request, codeset, output, w, composed, result_length,
+                                    request.capacity)) {
           case Placement::kPlaced: return CORVINEL_OK;
           case Placement::kFailed: return fill_overflow(request, output, w);
           case Placement::kTooWide: break;
@@ -124,12 +166,12 @@ int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtr
 }  // namespace
 
 int32_t zkfnum(char *output, int32_t width, int32_t mode, int32_t item, fmtreq *request) {
-  return run_engine<FastNumberTexts>(output, width, mode, item, *request);
+  return run_engine<FastSources>(output, width, mode, item, *request);
 }
 
 int32_t zkfnum_reference(char *output, int32_t width, int32_t mode, int32_t item,
                          fmtreq *request) {
-  return run_engine<PrintfNumberTexts>(output, width, mode, item, *request);
+  return run_engine<ReferenceSources>(output, width, mode, item, *request);
 }
 
 }  // namespace corvinel::nlnum

@@ -18,9 +18,10 @@ inline constexpr int32_t kNoConvention = -1;
 inline constexpr int32_t kWidestNumberField = 32;
 
 // Renders the request's value in the convention of locale item `item`
-// (170, 171, 183..186, fetched with wzssglc for the request's locale) into
+// (170, 171, 183..186, as wzssglc fetches it for the request's locale) into
 // `output` with field width `width`; callers pass the request's own output
-// and width, and mode 0 (no other mode has a convention to use).
+// and width, and mode 0 (another mode or item has no convention to use:
+// kNoConvention).
 //   - width 0 or below: nothing is written, 0;
 //   - width above 32: the request's width becomes 32 and the field 32 "*"
 //     (deliberate: the field never grows past 32; the width stays changed);
@@ -31,8 +32,9 @@ inline constexpr int32_t kWidestNumberField = 32;
 // Returns 0 or kNoConvention.  Needs width <= capacity.
 int32_t zkfnum(char *output, int32_t width, int32_t mode, int32_t item, fmtreq *request);
 
-// zkfnum with the digit texts of snprintf and localeconv: the reference the
-// tests compare zkfnum with.
+// zkfnum as first written, with the convention from wzssglc and the digit
+// texts of snprintf and localeconv: the reference the tests compare zkfnum
+// with.
 int32_t zkfnum_reference(char *output, int32_t width, int32_t mode, int32_t item,
                          fmtreq *request);
 

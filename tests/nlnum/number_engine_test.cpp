@@ -3,6 +3,7 @@
 // zkfnum_reference over many generated requests, in process locales whose
 // decimal point and monetary decimal point differ; the convention the
 // currency-code formats read against wzssglc; and the engine's own edges.
+#include <array>
 #include <cfloat>
 #include <clocale>
 #include <cmath>
@@ -16,10 +17,12 @@
 
 #include "corvinel/formats.h"
 #include "corvinel/locale_db.h"
+#include "locale/output_expansion.h"
 #include "locale/orb_locale_env.h"
 #include "nlnum/digit_texts.h"
 #include "nlnum/monetary_convention.h"
 #include "nlnum/number_engine.h"
+#include "nlnum/simple_expansion.h"
 #include "support/request_builder.h"
 #include "support/session_locales.h"
 
@@ -180,6 +183,61 @@ TEST_P(EngineAgainstReference, RendersTheSameFields) {
 
 INSTANTIATE_TEST_SUITE_P(ProcessLocales, EngineAgainstReference,
                          ::testing::ValuesIn(kProcessLocales));
+
+// Output expansion through the shortcut against getExpResultFromNarrowCharBuf
+// over generated texts: escapes of every kind, raw bytes, surrogate halves,
+// texts past 200 units, every width and room.
+class SimpleExpansion : public ::testing::TestWithParam<const char *> {};
+
+TEST_P(SimpleExpansion, MatchesTheGeneralExpansion) {
+  ScopedSessionLocale session(GetParam());
+  ASSERT_TRUE(session.active());
+  const corvinel::nlnum::SessionCodeset codeset = corvinel::nlnum::read_session_codeset();
+  constexpr const char *kPieces[] = {"1", "-", " ", "<U20AC>", "<u00a4>", "<U00A0>", "<U00E9>",
+                                     "<UFFE5>", "<U0142>", "<UD83D>", "<UDE00>", "<UG0A0>",
+                                     "<U00e", "<", "\xE9", "<U0041>", "<U007F>", "<U0800>"};
+  std::mt19937 random(7);
+  int failures = 0;
+  for (int text_number = 0; text_number < 3000; ++text_number) {
+    // Mostly short texts; some past 200 units, some of three-byte
+    // characters that pass the 402-byte step in UTF-8.
+    std::string text;
+    if (text_number % 50 == 25) {
+      for (int p = 120 + static_cast<int>(random() % 80); p > 0; --p) text += "<U20AC>";
+    } else {
+      const int pieces = static_cast<int>(random() % (text_number % 50 == 0 ? 260 : 14));
+      for (int p = 0; p < pieces; ++p) text += kPieces[random() % std::size(kPieces)];
+    }
+    const int32_t width = text_number % 50 == 25 ? 600 : static_cast<int32_t>(random() % 42) - 1;
+    const int32_t room =
+        std::array<int32_t, 4>{0, std::max(width, 0), 2 * std::max(width, 0), 1200}[random() % 4];
+    for (const int32_t outenc : {0, CORVINEL_ENC_UTF16LE}) {
+      std::string expected = text + std::string(1200, '#');
+      std::string actual = expected;
+      int32_t expected_len = static_cast<int32_t>(text.size());
+      int32_t actual_len = expected_len;
+      int32_t expected_enc = 7;
+      int32_t actual_enc = 7;
+      const int32_t b = corvinel::locale::getExpResultFromNarrowCharBuf(
+          0, outenc, &expected_enc, expected.data(), &expected_len, width, room);
+      const int32_t a = corvinel::nlnum::expand_output(codeset, outenc, &actual_enc, actual.data(),
+                                                       &actual_len, width, room);
+      const bool same = a == b && actual_len == expected_len && actual == expected &&
+                        actual_enc == expected_enc;
+      if (!same && ++failures < 10) {
+        ADD_FAILURE() << "\"" << text << "\" width " << width << " room " << room << " outenc "
+                      << outenc << ": " << a << " against " << b;
+      }
+    }
+  }
+  EXPECT_EQ(failures, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Sessions, SimpleExpansion,
+                         ::testing::Values(corvinel::testing::kUtf8Locale,
+                                           corvinel::testing::kLatin1Locale,
+                                           corvinel::testing::kAsciiLocale,
+                                           corvinel::testing::kEucJpLocale));
 
 // The currency-code formats read the record once; fetching every item with
 // wzssglc gives the same convention.
