@@ -47,10 +47,11 @@ int PrintfNumberTexts::general(double value, int field, int precision, char *out
   return print_general(value, field, precision, out);
 }
 
-FastNumberTexts::FastNumberTexts()
-    : decimal_point_(nl_langinfo(RADIXCHAR)[0]),
-      one_byte_decimal_point_(decimal_point_ != '\0' && nl_langinfo(RADIXCHAR)[1] == '\0'),
-      mon_decimal_point_(nl_langinfo(MON_DECIMAL_POINT)) {}
+FastNumberTexts::FastNumberTexts() : mon_decimal_point_(nl_langinfo(MON_DECIMAL_POINT)) {
+  const char *decimal_point = nl_langinfo(RADIXCHAR);
+  decimal_point_ = decimal_point[0];
+  one_byte_decimal_point_ = decimal_point[0] != '\0' && decimal_point[1] == '\0';
+}
 
 bool FastNumberTexts::generates(double value) const {
   return one_byte_decimal_point_ && std::isfinite(value);
