@@ -5,8 +5,8 @@
 // digits, and with snprintf("%*.*f").  A table of the ratios to ICU
 // follows the usual output.
 //
-//   cmake --preset bench && cmake --build --preset bench --target nlnum_bench
-//   ./build/bench/bench/nlnum/nlnum_bench
+//   cmake --preset bench && cmake --build --preset bench --target run-nlnum-bench
+// (or run ./build/bench/bench/nlnum/nlnum_bench with benchmark options).
 #include <benchmark/benchmark.h>
 #include <unicode/unum.h>
 

@@ -46,6 +46,39 @@ char *write_utf8(uint16_t unit, char *out) {
   return out;
 }
 
+// Without escapes and bytes above 0x7F every byte is one unit and one byte
+// in each of the codesets here.
+bool is_plain_ascii(const char *text, int32_t length) {
+  unsigned char seen = 0;
+  for (int32_t i = 0; i < length; ++i) {
+    const auto c = static_cast<unsigned char>(text[i]);
+    if (c == '<') return false;
+    seen |= c;
+  }
+  return seen < 0x80;
+}
+
+int32_t expand_plain_ascii(int32_t outenc, int32_t *encout, char *buf, int32_t *len, int32_t width,
+                           int32_t capacity) {
+  const int32_t length = *len;
+  if (width < 0) width = 0;
+  const bool shortened = length > width;
+  const int32_t kept = shortened ? width : length;
+  if (outenc == CORVINEL_ENC_UTF16LE) {
+    if (capacity < 2 * kept) return locale::kExpansionNoRoom;
+    for (int32_t k = kept - 1; k >= 0; --k) {  // from the end: the units overlap the bytes
+      buf[2 * k + 1] = '\0';
+      buf[2 * k] = buf[k];
+    }
+    *len = 2 * kept;
+    if (encout != nullptr) *encout = CORVINEL_ENC_UTF16LE;
+  } else {
+    if (capacity < kept) return locale::kExpansionNoRoom;
+    *len = kept;
+  }
+  return shortened ? locale::kExpansionShortened : length - width;
+}
+
 }  // namespace
 
 SessionCodeset read_session_codeset() {
@@ -66,6 +99,9 @@ int32_t expand_output(SessionCodeset codeset, int32_t outenc, int32_t *encout, c
   };
   if (codeset == SessionCodeset::kOther || buf == nullptr || len == nullptr || *len < 0) {
     return general();
+  }
+  if (*len <= locale::kMaxUnits && is_plain_ascii(buf, *len)) {
+    return expand_plain_ascii(outenc, encout, buf, len, width, capacity);
   }
   // Character by character: its unit and the bytes it takes in the session.
   uint16_t units[locale::kMaxUnits];
