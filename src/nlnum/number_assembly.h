@@ -26,7 +26,7 @@ struct NumberMarks {
 struct AssembledNumber {
   char text[kMaxAssembledNumber];
   int length = 0;  // the whole length; only the first kMaxAssembledNumber bytes are kept
-  bool grouped = false;           // a group separator was written
+  bool grouped = false;           // a group separator (not an empty one) was written
   bool two_byte_decimal = false;  // an exponent text got a decimal mark of two bytes
 
   std::string_view view() const {

@@ -141,6 +141,11 @@ int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtr
     if (n <= 0) return fill_overflow(request, output, w);
     if (state.decimals > 0 && digits[0] == '0' && digits[1] == '.') state.leading_zero = true;
 
+    // The length the adjustment narrows the exponent field by: w + 1 for a
+    // digit text wider than the field, the number's own length past 256
+    // bytes, else the composed text's length in the symbolic notation (so a
+    // symbol such as "<U20AC>" counts its seven bytes: the expanded length
+    // is not known once expansion has cut the text).
     int result_length = w + 1;
     if (n <= w && std::strchr(digits, '*') == nullptr) {
       assemble_number(digits, state.decimals, marks, state.grouping_allowed,

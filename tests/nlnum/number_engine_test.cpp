@@ -281,6 +281,18 @@ TEST(NumberEngine, ClampsWideFieldsTo32Stars) {
   }
 }
 
+// A host that presets 16-bit units high byte first (24) gets blanks laid out
+// in such units and the text at twice the shortfall.
+TEST(NumberEngine, LaysBlanksOutInUnitsOfThePresetEncoding) {
+  ScopedSessionLocale session(corvinel::testing::kUtf8Locale);
+  ScopedOrbLocale orb("en_US");
+  Request r(6, 2, 1.5, 12);
+  r->xcode_state = CORVINEL_ENC_UTF16BE;
+  EXPECT_EQ(nlnum(r.get()), CORVINEL_OK);
+  EXPECT_EQ(r->outlen, 8);
+  EXPECT_EQ(std::string(r->output, 12), std::string("\0 \0 1.50\0 \0 ", 12));
+}
+
 TEST(NumberEngine, PutsAMissingMarkAtTheRightEdge) {
   Request r(8, 2, corvinel::testing::missing('A'));
   EXPECT_EQ(corvinel::nlnum::zkfnum(r->output, 8, 0, 183, r.get()), CORVINEL_OK);
