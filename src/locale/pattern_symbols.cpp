@@ -106,7 +106,7 @@ void read_signs(const ItemReader &items, const SignItems &signs, PatternConventi
 
 void copy_text(std::string_view text, char (&field)[CORVINEL_LOCALE_TEXT]) noexcept {
   std::memset(field, 0, sizeof field);
-  std::memcpy(field, text.data(), text.size());
+  if (!text.empty()) std::memcpy(field, text.data(), text.size());
 }
 
 }  // namespace
