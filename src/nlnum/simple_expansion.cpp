@@ -110,8 +110,17 @@ int32_t expand_output(SessionCodeset codeset, int32_t outenc, int32_t *encout, c
   int32_t utf8_length_total = 0;
   const int32_t length = *len;
   for (int32_t i = 0; i < length;) {
-    uint16_t unit;
     const char *at = buf + i;
+    const auto byte = static_cast<unsigned char>(*at);
+    if (byte < 0x80 && byte != '<') {  // the common character: one unit, one byte everywhere
+      if (count == locale::kMaxUnits) return general();
+      units[count++] = byte;
+      ++utf8_length_total;
+      ++session_length;
+      ++i;
+      continue;
+    }
+    uint16_t unit;
     if (length - i >= kEscapeLength && at[0] == '<' && (at[1] & ~0x20) == 'U' && at[6] == '>') {
       unit = static_cast<uint16_t>(hex_digit(at[2]) << 12 | hex_digit(at[3]) << 8 |
                                    hex_digit(at[4]) << 4 | hex_digit(at[5]));
