@@ -36,6 +36,13 @@ struct monetary_conventions {
 CORVINEL_API extern const struct monetary_conventions
     lconv_monetary[CORVINEL_CURRENCY_RECORDS];
 
+/* The layouts of sign, currency symbol and number, indexed by
+   (cs_precedes + 2 * sep_by_space) * 5 + sign_posn: "V" the number, "$" the
+   symbol, "-" the sign string, "(" and ")" brackets around a negative value,
+   " " a blank.  The number, currency and percent formats walk them. */
+#define CORVINEL_CURRENCY_LAYOUTS 20
+CORVINEL_API extern const char *const CurrencyFormatPatterns[CORVINEL_CURRENCY_LAYOUTS];
+
 /* An amount with the currency's international code (nlmnyint) or its local
    symbol (nlmnyloc), laid out by the request locale's monetary conventions. */
 CORVINEL_API int32_t nlmnyint(fmtreq *request,

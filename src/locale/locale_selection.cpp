@@ -1,11 +1,35 @@
 // getORBLocDB: an item of the locale chosen by number or by ORB_LOCALE.
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 
 #include "locale/locale_records.h"
 
 namespace corvinel::locale {
+namespace {
+
+struct KeyedRecord {
+  uint32_t key;
+  uint32_t record;  // 0-based
+};
+
+// The record keys in key order, for a binary search instead of a walk over
+// all records.  No two records share a key, so the record found is the
+// first that matches in record order.  Built once from the constant keys
+// and never changed.
+const std::array<KeyedRecord, CORVINEL_LOCALE_RECORDS> &records_by_key() {
+  static const auto sorted = [] {
+    std::array<KeyedRecord, CORVINEL_LOCALE_RECORDS> records{};
+    for (uint32_t r = 0; r < records.size(); ++r) records[r] = {kRecordKeys[r], r};
+    std::sort(records.begin(), records.end(),
+              [](const KeyedRecord &a, const KeyedRecord &b) { return a.key < b.key; });
+    return records;
+  }();
+  return sorted;
+}
+
+}  // namespace
 
 const locitem *select_record(int32_t locale) noexcept {
   if (locale >= 1 && locale <= CORVINEL_LOCALE_RECORDS) return ORBlocaleData[locale - 1];
@@ -19,10 +43,10 @@ const locitem *select_record(int32_t locale) noexcept {
   char chosen[5] = {};
   for (std::size_t i = 0; i < sizeof chosen && value[i] != '\0'; ++i) chosen[i] = value[i];
   const uint32_t key = record_key(chosen[0], chosen[1], chosen[3], chosen[4]);
-  for (std::size_t r = 0; r < kRecordKeys.size(); ++r) {
-    if (kRecordKeys[r] == key) return ORBlocaleData[r];
-  }
-  return nullptr;
+  const auto &by_key = records_by_key();
+  const auto found = std::lower_bound(by_key.begin(), by_key.end(), key,
+                                      [](const KeyedRecord &r, uint32_t k) { return r.key < k; });
+  return (found != by_key.end() && found->key == key) ? ORBlocaleData[found->record] : nullptr;
 }
 
 int32_t copy_item(const locitem *record, int32_t item, char *out, int32_t outcap) noexcept {

@@ -2,14 +2,15 @@
 // currency and percent patterns, the conventions that go with the pattern.
 //
 // The conventions are items of the same locale fetched one by one. The
-// record is chosen once per call and every fetch reads it directly: each
-// fetch of the same locale would choose the same record again, and no item
-// is longer than a buffer, so the texts, the numbers and the reported
-// result are those of fetching every item on its own.
+// record is chosen once per call and every item is read from it directly:
+// each fetch of the same locale would choose the same record again, so the
+// texts, the numbers and the reported result are those of fetching every
+// item on its own.
 
 #include <cstring>
 
 #include "locale/locale_records.h"
+#include "locale/pattern_convention.h"
 
 namespace corvinel::locale {
 namespace {
@@ -18,7 +19,6 @@ namespace {
 constexpr int32_t kCurrencyPattern = 170;
 constexpr int32_t kCurrencyPatternCanonical = 171;
 constexpr int32_t kNumberPattern = 183;
-constexpr int32_t kNumberPatternCanonical = 184;
 constexpr int32_t kPercentPattern = 185;
 constexpr int32_t kPercentPatternCanonical = 186;
 
@@ -42,27 +42,28 @@ constexpr int32_t kCurrencyCode = 155;
 constexpr int32_t kInternationalFractionDigits = 162;
 constexpr int32_t kLocalFractionDigits = 163;
 
-// One nested fetch: 0 when the item was fetched, 1 when not (as wzssglc
-// reports a plain item).
-class Fetcher {
+// Reads items of one record as fetches into item buffers would see them.
+class ItemReader {
  public:
-  explicit Fetcher(const locitem *record) noexcept : record_(record) {}
+  explicit ItemReader(const locitem *record) noexcept : record_(record) {}
 
-  int32_t result() const noexcept { return result_; }
+  // Whether a fetch of the item succeeds: a record, and a text that fits
+  // an item buffer.
+  bool fetches(int32_t item) const noexcept {
+    return record_ != nullptr && record_[item].length <= CORVINEL_LOCALE_TEXT;
+  }
 
-  // The item's text into a field that was zero-filled before.
-  void text(int32_t item, char (&field)[CORVINEL_LOCALE_TEXT]) noexcept {
-    result_ = copy_item(record_, item, field, sizeof field) < 0 ? 1 : 0;
+  std::string_view text(int32_t item) const noexcept {
+    if (!fetches(item) || record_[item].text == nullptr) return {};
+    return {record_[item].text, static_cast<std::size_t>(record_[item].length)};
   }
 
   // A digit item read as a decimal number; 0 when empty or not fetched.
-  int32_t number(int32_t item) noexcept {
-    char digits[CORVINEL_LOCALE_TEXT];
-    const int32_t length = copy_item(record_, item, digits, sizeof digits);
-    result_ = length < 0 ? 1 : 0;
+  int32_t number(int32_t item) const noexcept {
     int32_t value = 0;
-    for (int32_t i = 0; i < length && digits[i] >= '0' && digits[i] <= '9'; ++i) {
-      value = value * 10 + (digits[i] - '0');
+    for (const char c : text(item)) {
+      if (c < '0' || c > '9') break;
+      value = value * 10 + (c - '0');
     }
     return value;
   }
@@ -70,99 +71,95 @@ class Fetcher {
   // The grouping item: every character in turn sets the value to its digit
   // value, so the last character decides ("3;2" gives 2). Deliberately not
   // the rule of the other digit items.
-  int32_t grouping(int32_t item) noexcept {
-    char text[CORVINEL_LOCALE_TEXT];
-    const int32_t length = copy_item(record_, item, text, sizeof text);
-    result_ = length < 0 ? 1 : 0;
+  int32_t grouping(int32_t item) const noexcept {
     int32_t value = 0;
-    for (int32_t i = 0; i < length; ++i) value = text[i] - '0';
+    for (const char c : text(item)) value = c - '0';
     return value;
   }
 
  private:
   const locitem *record_;
-  int32_t result_ = 0;
 };
+
+void read_marks(const ItemReader &items, const MarkItems &marks, PatternConvention &c) noexcept {
+  c.decimal = items.text(marks.decimal);
+  c.separator = items.text(marks.separator);
+  c.grouping = items.grouping(marks.grouping);
+}
+
+void set_canonical_marks(PatternConvention &c) noexcept {
+  c.decimal = ".";
+  c.separator = ",";
+  c.grouping = 3;
+}
+
+void read_signs(const ItemReader &items, const SignItems &signs, PatternConvention &c) noexcept {
+  c.positive = items.text(signs.positive);
+  c.negative = items.text(signs.negative);
+  c.p_cs_precedes = items.number(signs.p_cs_precedes);
+  c.p_sep_by_space = items.number(signs.p_sep_by_space);
+  c.p_sign_posn = items.number(signs.p_sign_posn);
+  c.n_cs_precedes = items.number(signs.n_cs_precedes);
+  c.n_sep_by_space = items.number(signs.n_sep_by_space);
+  c.n_sign_posn = items.number(signs.n_sign_posn);
+}
+
+void copy_text(std::string_view text, char (&field)[CORVINEL_LOCALE_TEXT]) noexcept {
+  std::memset(field, 0, sizeof field);
+  if (!text.empty()) std::memcpy(field, text.data(), text.size());
+}
+
+}  // namespace
 
 bool is_pattern_item(int32_t item) noexcept {
   return item == kCurrencyPattern || item == kCurrencyPatternCanonical ||
          (item >= kNumberPattern && item <= kPercentPatternCanonical);
 }
 
-void fetch_marks(Fetcher &fetch, const MarkItems &items, patsyms &symbols) noexcept {
-  fetch.text(items.decimal, symbols.decimal);
-  fetch.text(items.separator, symbols.separator);
-  symbols.grouping = fetch.grouping(items.grouping);
-}
-
-void set_canonical_marks(patsyms &symbols) noexcept {
-  symbols.decimal[0] = '.';
-  symbols.separator[0] = ',';
-  symbols.grouping = 3;
-}
-
-void fetch_signs(Fetcher &fetch, const SignItems &items, patsyms &symbols) noexcept {
-  fetch.text(items.positive, symbols.positive);
-  fetch.text(items.negative, symbols.negative);
-  symbols.p_cs_precedes = fetch.number(items.p_cs_precedes);
-  symbols.p_sep_by_space = fetch.number(items.p_sep_by_space);
-  symbols.p_sign_posn = fetch.number(items.p_sign_posn);
-  symbols.n_cs_precedes = fetch.number(items.n_cs_precedes);
-  symbols.n_sep_by_space = fetch.number(items.n_sep_by_space);
-  symbols.n_sign_posn = fetch.number(items.n_sign_posn);
-}
-
-// Fills the convention of a pattern item; returns the last fetch's result.
-int32_t fill_symbols(const locitem *record, int32_t item, patsyms &symbols) noexcept {
-  std::memset(symbols.symbol, 0, sizeof symbols.symbol);
-  std::memset(symbols.decimal, 0, sizeof symbols.decimal);
-  std::memset(symbols.separator, 0, sizeof symbols.separator);
-  std::memset(symbols.positive, 0, sizeof symbols.positive);
-  std::memset(symbols.negative, 0, sizeof symbols.negative);
-  Fetcher fetch(record);
-
+PatternConvention read_pattern_convention(const locitem *record, int32_t item) noexcept {
+  const ItemReader items(record);
+  PatternConvention c;
   switch (item) {
     case kCurrencyPattern:
     case kCurrencyPatternCanonical: {
       const bool local = item == kCurrencyPattern;
-      fetch.text(local ? kCurrencySymbol : kCurrencyCode, symbols.symbol);
-      fetch_marks(fetch, kMonetaryMarks, symbols);
-      fetch_signs(fetch, kMonetarySigns, symbols);
-      symbols.fracdigits = fetch.number(local ? kLocalFractionDigits : kInternationalFractionDigits);
-      return fetch.result();
+      c.symbol = items.text(local ? kCurrencySymbol : kCurrencyCode);
+      read_marks(items, kMonetaryMarks, c);
+      read_signs(items, kMonetarySigns, c);
+      const int32_t fraction = local ? kLocalFractionDigits : kInternationalFractionDigits;
+      c.has_fracdigits = true;
+      c.fracdigits = items.number(fraction);
+      c.complete = items.fetches(fraction);
+      return c;
     }
     case kNumberPattern:
-    case kNumberPatternCanonical:
-      if (item == kNumberPattern) {
-        fetch_marks(fetch, kNumericMarks, symbols);
-      } else {
-        set_canonical_marks(symbols);
-      }
-      fetch_signs(fetch, kNumericSigns, symbols);
-      return fetch.result();
-    default:
+      read_marks(items, kNumericMarks, c);
+      read_signs(items, kNumericSigns, c);
+      c.complete = items.fetches(kNumericSigns.n_sign_posn);
+      return c;
+    case kPercentPattern:
+      read_marks(items, kNumericMarks, c);
       break;
+    case kPercentPatternCanonical:
+      set_canonical_marks(c);
+      break;
+    default:  // the canonical number pattern
+      set_canonical_marks(c);
+      read_signs(items, kNumericSigns, c);
+      c.complete = items.fetches(kNumericSigns.n_sign_posn);
+      return c;
   }
   // Percent patterns: the numeric signs, and a fixed layout with the sign
   // before the number.
-  symbols.symbol[0] = '%';
-  if (item == kPercentPattern) {
-    fetch_marks(fetch, kNumericMarks, symbols);
-  } else {
-    set_canonical_marks(symbols);
-  }
-  fetch.text(kNumericSigns.positive, symbols.positive);
-  fetch.text(kNumericSigns.negative, symbols.negative);
-  symbols.p_cs_precedes = 0;
-  symbols.p_sep_by_space = 0;
-  symbols.p_sign_posn = 1;
-  symbols.n_cs_precedes = 0;
-  symbols.n_sep_by_space = 0;
-  symbols.n_sign_posn = 1;
-  return fetch.result();
+  c.symbol = "%";
+  c.positive = items.text(kNumericSigns.positive);
+  c.negative = items.text(kNumericSigns.negative);
+  c.p_sign_posn = 1;
+  c.n_sign_posn = 1;
+  c.complete = items.fetches(kNumericSigns.negative);
+  return c;
 }
 
-}  // namespace
 }  // namespace corvinel::locale
 
 extern "C" int32_t wzssglc(int32_t locale, int32_t item, struct locbuf **handle) {
@@ -173,5 +170,20 @@ extern "C" int32_t wzssglc(int32_t locale, int32_t item, struct locbuf **handle)
   buffer.length = copy_item(record, item, buffer.text, sizeof buffer.text);
   if (!is_pattern_item(item)) return buffer.length < 0 ? 1 : 0;
   if (buffer.symbols == nullptr) return 1;
-  return fill_symbols(record, item, *buffer.symbols);
+  const PatternConvention c = read_pattern_convention(record, item);
+  patsyms &s = *buffer.symbols;
+  copy_text(c.symbol, s.symbol);
+  copy_text(c.decimal, s.decimal);
+  copy_text(c.separator, s.separator);
+  s.grouping = c.grouping;
+  copy_text(c.positive, s.positive);
+  copy_text(c.negative, s.negative);
+  if (c.has_fracdigits) s.fracdigits = c.fracdigits;
+  s.p_cs_precedes = c.p_cs_precedes;
+  s.p_sep_by_space = c.p_sep_by_space;
+  s.p_sign_posn = c.p_sign_posn;
+  s.n_cs_precedes = c.n_cs_precedes;
+  s.n_sep_by_space = c.n_sep_by_space;
+  s.n_sign_posn = c.n_sign_posn;
+  return c.complete ? 0 : 1;
 }

@@ -1,8 +1,39 @@
 // nlmnyint and nlmnyloc: an amount in one named currency, shown with its
 // international code or its local symbol and laid out by the monetary
 // conventions of the request's locale.
+//
+// Attempts, until one fits the field:
+//   1. the number grouped, with the symbol;
+//   2. ungrouped, with the symbol;
+//   3. ungrouped, without the symbol; when the fixed text alone is wider
+//      than the field, exponent notation ("%G" with `decimals` significant
+//      digits) with the symbol instead;
+//   4. exponent notation without the symbol, first with `decimals`
+//      significant digits.  Every exponent attempt that does not fit records
+//      its excess (the narrow text's length minus the width) and the next
+//      one keeps that many fewer digits, so a wide request converges in a
+//      few steps instead of one digit at a time.  (The excess of attempt 3
+//      is not used: it was measured with the symbol or on the fixed text.)
+//      An exponent text that is wider than the field on its own gives up
+//      its own excess in digits; one that is wider even with one digit
+//      gives the "*" field.  When the attempt with one digit does not fit
+//      either, the exponent attempts end;
+//   5. the fixed text alone, right-justified in the field ("%*.*f"), without
+//      separators, symbol or sign layout;
+// then the "*" field.
+#include <algorithm>
+#include <climits>
+#include <cmath>
+#include <cstring>
+
 #include "corvinel/currency.h"
 #include "frame/format_frame.h"
+#include "locale/output_expansion.h"
+#include "nlnum/currency_layouts.h"
+#include "nlnum/digit_texts.h"
+#include "nlnum/field_placement.h"
+#include "nlnum/monetary_convention.h"
+#include "nlnum/number_assembly.h"
 
 namespace corvinel::nlnum {
 namespace {
@@ -11,11 +42,150 @@ enum class CurrencySymbol { InternationalCode, LocalSymbol };
 
 constexpr frame::Limits kCurrencyLimits{8, 32, 0, 28};
 
-// A present amount: the attempts from grouped with the symbol down to the
-// bare value.  Not built yet: the field shows "*".
-int32_t render_amount(fmtreq &request, const monetary_conventions & /*currency*/,
-                      CurrencySymbol /*symbol*/, double /*value*/) {
-  return frame::fill_stars(request);
+// Room in which the local symbol is tried in the session encoding.
+constexpr int32_t kSymbolRoom = 160;
+
+std::string_view text_or_empty(const char *text) { return text != nullptr ? text : ""; }
+
+// The local symbol, or the international code when the session encoding
+// cannot show the symbol (its expansion holds a "?").  16-bit units show
+// every character, so a request for them keeps the symbol.
+std::string_view shown_local_symbol(const fmtreq &request, const monetary_conventions &currency) {
+  const std::string_view symbol = text_or_empty(currency.currency_symbol);
+  if (request.xcode_b == CORVINEL_ENC_UTF16LE) return symbol;
+  if (symbol.size() > static_cast<std::size_t>(kSymbolRoom)) return text_or_empty(currency.int_curr_symbol);
+  char expanded[kSymbolRoom];
+  std::memcpy(expanded, symbol.data(), symbol.size());
+  int32_t length = static_cast<int32_t>(symbol.size());
+  int32_t encoding = 0;
+  locale::getExpResultFromNarrowCharBuf(request.xcode_a, 0, &encoding, expanded, &length,
+                                        kSymbolRoom, kSymbolRoom);
+  if (std::memchr(expanded, '?', static_cast<std::size_t>(length)) != nullptr) {
+    return text_or_empty(currency.int_curr_symbol);
+  }
+  return symbol;
+}
+
+// One amount being fitted into the request's field.
+class AmountFitting {
+ public:
+  AmountFitting(fmtreq &request, const MonetaryConvention &convention, std::string_view symbol,
+                double value)
+      : request_(request), value_(value), symbol_(symbol),
+        marks_{convention.decimal, convention.separator, convention.grouping} {
+    const bool negative = value < 0;
+    negative_ = negative;
+    layout_ = negative ? layout_for(convention.n_cs_precedes, convention.n_sep_by_space,
+                                    convention.n_sign_posn)
+                       : layout_for(convention.p_cs_precedes, convention.p_sep_by_space,
+                                    convention.p_sign_posn);
+    sign_ = negative ? convention.negative : convention.positive;
+    bracket_blank_ = value > 0 && convention.n_sign_posn == 0;
+  }
+
+  int32_t render() {
+    const int32_t width = request_.width;
+    // Digit texts are kept up to kDigitTextCapacity - 1 bytes; a longer one
+    // does not fit any field the texts are compared with.
+    const int fitting = std::min(width, kDigitTextCapacity - 1);
+    // Without a decimal mark the convention has no fraction part.
+    const int decimals = marks_.decimal.empty() ? 0 : std::clamp(request_.decimals, 0, kMaxPrecision);
+    char fixed[kDigitTextCapacity];
+    const int fixed_length = texts_.fixed(value_, decimals, fixed);
+    if (fixed_length <= 0) return frame::fill_stars(request_);
+    if (fixed_length <= fitting) {
+      if (attempt(fixed, decimals, true, true)) return done_;
+      // Without a separator the ungrouped text is the same one.
+      if (number_.grouped && attempt(fixed, decimals, false, true)) return done_;
+    }
+    char exponent[kDigitTextCapacity];
+    if (fixed_length > fitting) {
+      if (texts_.general(value_, 0, decimals, exponent) <= fitting &&
+          attempt(exponent, decimals, false, true)) {
+        return done_;
+      }
+    } else if (attempt(fixed, decimals, false, false)) {
+      return done_;
+    }
+
+    for (int precision = decimals;;) {
+      int length = texts_.general(value_, 0, precision, exponent);
+      while (length > fitting && precision > 0) {
+        precision = std::max(0, precision - (length - fitting));
+        length = texts_.general(value_, 0, precision, exponent);
+      }
+      if (length <= 0 || length > fitting) return frame::fill_stars(request_);
+      if (attempt(exponent, precision, false, false)) return done_;
+      if (precision == 0) return last_resort(decimals);
+      precision = std::max(0, precision - excess_);
+    }
+  }
+
+ private:
+  // Lays the digit text out and places it; true when that settled the
+  // result (placed, or the "*" field), false when the text was too wide.
+  bool attempt(const char *digits, int decimals, bool grouping, bool with_symbol) {
+    assemble_number(digits, decimals, marks_, grouping, texts_.mon_decimal_point(), number_);
+    int length = number_.length;
+    if (number_.length <= kMaxAssembledNumber) {
+      char composed[kComposedCapacity];
+      length = compose_layout(layout_, with_symbol ? symbol_ : std::string_view(), sign_,
+                              negative_, number_.view(), bracket_blank_, composed);
+      switch (place_right_aligned(request_, codeset_, request_.output, request_.width, composed,
+                                  length, request_.capacity)) {
+        case Placement::kPlaced: done_ = CORVINEL_OK; return true;
+        case Placement::kFailed: done_ = frame::fill_stars(request_); return true;
+        case Placement::kTooWide: break;
+      }
+    }
+    excess_ = std::max(1, length - request_.width);
+    return false;
+  }
+
+  // The value alone, right-justified in the field by "%*.*f"; expansion may
+  // use twice the capacity (16-bit units of a full field).
+  int32_t last_resort(int decimals) {
+    const int32_t width = request_.width;
+    char fixed[kDigitTextCapacity];
+    const int length = texts_.fixed(value_, decimals, fixed);
+    if (length <= 0 || length > width || length >= kDigitTextCapacity || width > kComposedCapacity) {
+      return frame::fill_stars(request_);
+    }
+    char justified[kComposedCapacity];
+    std::memset(justified, ' ', static_cast<std::size_t>(width - length));
+    std::memcpy(justified + (width - length), fixed, static_cast<std::size_t>(length));
+    const int32_t room = static_cast<int32_t>(std::min<int64_t>(2 * int64_t{request_.capacity}, INT32_MAX));
+    if (place_right_aligned(request_, codeset_, request_.output, width, justified, width, room) ==
+        Placement::kPlaced) {
+      return CORVINEL_OK;
+    }
+    return frame::fill_stars(request_);
+  }
+
+  fmtreq &request_;
+  const double value_;
+  const std::string_view symbol_;
+  const NumberMarks marks_;
+  const FastNumberTexts texts_;
+  const SessionCodeset codeset_ = read_session_codeset();
+  const char *layout_;
+  std::string_view sign_;
+  bool negative_;
+  bool bracket_blank_;
+  AssembledNumber number_;
+  int excess_ = 1;
+  int32_t done_ = CORVINEL_OK;
+};
+
+int32_t render_amount(fmtreq &request, const monetary_conventions &currency,
+                      CurrencySymbol symbol, double value) {
+  // A NaN that is not a missing value, or an infinity, is no amount.
+  if (!std::isfinite(value)) return frame::fill_stars(request);
+  const MonetaryConvention convention = read_monetary_convention(request.locale);
+  const std::string_view shown = symbol == CurrencySymbol::InternationalCode
+                                     ? text_or_empty(currency.int_curr_symbol)
+                                     : shown_local_symbol(request, currency);
+  return AmountFitting(request, convention, shown, value).render();
 }
 
 int32_t currency_frame(fmtreq *request, const monetary_conventions *currency,

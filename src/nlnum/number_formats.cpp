@@ -1,7 +1,10 @@
 // NLNUM, NLNUMI, NLMNY, NLMNYI, NLPCT and NLPCTI: a number in the conventions
 // of the request's locale, through the locale number engine.
+#include "corvinel/classic_numbers.h"
 #include "corvinel/formats.h"
 #include "frame/format_frame.h"
+#include "nlnum/field_placement.h"
+#include "nlnum/number_engine.h"
 
 namespace corvinel::nlnum {
 namespace {
@@ -26,9 +29,31 @@ constexpr NumberFormat kNlmnyi{kNumberLimits, 171, ClassicFallback::Dollar, fals
 constexpr NumberFormat kNlpct{kPercentLimits, 185, ClassicFallback::Percent, true};
 constexpr NumberFormat kNlpcti{kPercentLimits, 186, ClassicFallback::Percent, true};
 
-// A present value: the locale's number pattern, else the classic fallback,
-// then output expansion.  Not built yet: the field shows "*".
-int32_t render_number(fmtreq &request, const NumberFormat & /*format*/, double /*value*/) {
+int32_t render_classic(fmtreq &request, ClassicFallback fallback) {
+  switch (fallback) {
+    case ClassicFallback::Comma: return zfmcma(&request);
+    case ClassicFallback::Dollar: return zfmdlr(&request);
+    case ClassicFallback::Percent: return zfmpct(&request);
+  }
+  return CORVINEL_DOES_NOT_FIT;
+}
+
+// A present value: the locale's convention through the engine, else the
+// classic rendering passed through output expansion, else "*".
+int32_t render_number(fmtreq &request, const NumberFormat &format, double value) {
+  // Percent formats hand the engine 100 times the value (zero as it is) and
+  // give the classic PERCENT the value itself, which it scales on its own.
+  const double scaled = (format.percent && value != 0) ? value * 100 : value;
+  const double *const caller_value = request.value;
+  request.value = &scaled;
+  const int32_t engine = zkfnum(request.output, request.width, 0, format.convention_item, &request);
+  request.value = caller_value;
+  if (engine == CORVINEL_OK) return CORVINEL_OK;
+
+  if (render_classic(request, format.fallback) == CORVINEL_OK &&
+      expand_field_in_place(request) <= 0) {
+    return CORVINEL_OK;
+  }
   return frame::fill_stars(request);
 }
 

@@ -160,6 +160,7 @@ std::vector<double> FormatCase::values_out_of_range() const {
 
 bool FormatCase::calls_classic_rendering() const { return family_is(*this, {"classic", "best"}); }
 bool FormatCase::narrows_capacity() const { return family == "classic"; }
+bool FormatCase::clamps_width() const { return family_is(*this, {"number", "percent"}); }
 
 void PrintTo(const FormatCase &c, std::ostream *os) { *os << c.name; }
 

@@ -46,6 +46,9 @@ struct FormatCase {
   // flags bit 4, and leave both so.
   bool calls_classic_rendering() const;
   bool narrows_capacity() const;
+  // The formats of the locale number engine answer a width above 32 (when
+  // the check is off) with 32 "*" and leave the request's width at 32.
+  bool clamps_width() const;
 };
 
 void PrintTo(const FormatCase &c, std::ostream *os);

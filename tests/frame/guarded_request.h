@@ -61,8 +61,9 @@ class GuardedRequest {
            std::all_of(storage_.end() - kGuard, storage_.end(), is_guard);
   }
   // Fields no format may leave changed (capacity and flags differ by family).
-  bool restored() const {
-    return req_.width == before_.width && req_.decimals == before_.decimals &&
+  bool restored() const { return req_.width == before_.width && restored_apart_from_width(); }
+  bool restored_apart_from_width() const {
+    return req_.decimals == before_.decimals &&
            req_.value == before_.value && req_.output == before_.output &&
            req_.locale == before_.locale && req_.xcode_a == before_.xcode_a &&
            req_.xcode_b == before_.xcode_b && req_.reserved == before_.reserved;

@@ -33,6 +33,10 @@ class Request {
     before_ = req_;
   }
 
+  // Asks for output encoding `encoding` (xcode_b) from the start, so that
+  // restored() expects it back.
+  void set_output_encoding(int32_t encoding) { req_.xcode_b = before_.xcode_b = encoding; }
+
   fmtreq *get() { return &req_; }
   fmtreq &operator*() { return req_; }
   fmtreq *operator->() { return &req_; }

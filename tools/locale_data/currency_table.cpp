@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "cldr_source.h"
+#include "pattern_rules.h"
 #include "record_builder.h"
 #include "unicode_text.h"
 
@@ -98,7 +99,7 @@ CurrencyTable build_currency_table(const std::vector<LocaleRecord> &records, Gli
     currency.home_glibc = home.glibc;
     currency.fields = read_monetary_fields(glibc, home.glibc);
     currency.fields.int_curr_symbol = std::u16string(code.begin(), code.end());
-    currency.fields.currency_symbol = without_bidi_marks(currency_symbol(home.cldr, code));
+    currency.fields.currency_symbol = legacy_mark(without_bidi_marks(currency_symbol(home.cldr, code)));
     table.records.push_back(std::move(currency));
   }
 

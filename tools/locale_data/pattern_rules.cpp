@@ -283,6 +283,14 @@ std::u16string convert_combination_pattern(std::u16string_view pattern) {
   return out;
 }
 
+std::u16string legacy_mark(std::u16string_view mark) {
+  std::u16string out(mark);
+  for (char16_t &c : out) {
+    if (c == 0x202F) c = 0x00A0;
+  }
+  return out;
+}
+
 std::u16string localise_number_pattern(std::u16string_view pattern, std::u16string_view decimal,
                                        std::u16string_view group) {
   std::u16string out;

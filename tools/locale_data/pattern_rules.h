@@ -42,6 +42,16 @@ struct DateFieldStyle {
   bool standalone_month = false;  // MMMM, MMM: standalone names
 };
 
+// A mark of the number and currency conventions (decimal mark, group
+// separator, sign, currency symbol) as the records keep it: the narrow
+// no-break space U+202F, which glibc writes as the group separator of about
+// thirty locales (French, Polish, Russian, Swedish, Czech, ...), becomes the
+// no-break space U+00A0.  No single-byte session encoding has U+202F, so
+// under ISO-8859-1 or a Windows code page such numbers would show "?"
+// between their groups; U+00A0 is in all of them and looks the same.  The
+// localised number patterns take their separator from these marks.
+std::u16string legacy_mark(std::u16string_view mark);
+
 // Throws std::runtime_error for a letter without a rule.
 std::u16string convert_date_pattern(std::u16string_view pattern, const DateFieldStyle &style,
                                     std::u16string_view era_name);

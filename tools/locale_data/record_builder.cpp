@@ -84,14 +84,14 @@ MonetaryFields read_monetary_fields(GlibcLocales &glibc, const std::string &loca
   };
   MonetaryFields fields;
   fields.int_curr_symbol = text("int_curr_symbol").substr(0, 3);
-  fields.currency_symbol = text("currency_symbol");
-  fields.mon_decimal_point = text("mon_decimal_point");
-  fields.mon_thousands_sep = text("mon_thousands_sep");
+  fields.currency_symbol = legacy_mark(text("currency_symbol"));
+  fields.mon_decimal_point = legacy_mark(text("mon_decimal_point"));
+  fields.mon_thousands_sep = legacy_mark(text("mon_thousands_sep"));
   const auto grouping = monetary.find("mon_grouping");
   fields.mon_grouping = grouping_text(grouping == monetary.end() ? std::vector<std::u16string>{}
                                                                  : grouping->second);
-  fields.positive_sign = text("positive_sign");
-  fields.negative_sign = text("negative_sign");
+  fields.positive_sign = legacy_mark(text("positive_sign"));
+  fields.negative_sign = legacy_mark(text("negative_sign"));
   const char *const keywords[] = {"int_frac_digits", "frac_digits",    "p_cs_precedes",
                                   "p_sep_by_space",  "n_cs_precedes",  "n_sep_by_space",
                                   "p_sign_posn",     "n_sign_posn"};
@@ -207,7 +207,7 @@ LocaleRecord build_record(const RecordSource &source, GlibcLocales &glibc) {
   if (country_of(source.glibc) != source.region) {
     const std::string currency = region_currency(source.region);
     monetary.int_curr_symbol = std::u16string(currency.begin(), currency.end());
-    monetary.currency_symbol = currency_symbol(source.cldr, currency);
+    monetary.currency_symbol = legacy_mark(currency_symbol(source.cldr, currency));
   }
   record[155] = item_text(monetary.int_curr_symbol);
   record[156] = item_text(monetary.currency_symbol);
@@ -222,8 +222,8 @@ LocaleRecord build_record(const RecordSource &source, GlibcLocales &glibc) {
   // sign strings from LC_MONETARY (POSIX has no others). Numbers carry no
   // symbol, so the symbol flags are the neutral "precedes, no blank"; the
   // negative sign stands where CLDR's number pattern puts it.
-  const std::u16string decimal = glibc.text(source.glibc, "LC_NUMERIC", "decimal_point");
-  const std::u16string group = glibc.text(source.glibc, "LC_NUMERIC", "thousands_sep");
+  const std::u16string decimal = legacy_mark(glibc.text(source.glibc, "LC_NUMERIC", "decimal_point"));
+  const std::u16string group = legacy_mark(glibc.text(source.glibc, "LC_NUMERIC", "thousands_sep"));
   record[172] = item_text(decimal);
   record[173] = item_text(group);
   record[174] = grouping_text(glibc.category(source.glibc, "LC_NUMERIC")["grouping"]);

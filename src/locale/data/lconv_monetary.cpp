@@ -14,7 +14,7 @@ extern "C" const struct monetary_conventions lconv_monetary[CORVINEL_CURRENCY_RE
     // English_Australia (glibc en_AU)
     {"AUD", "AU$", ".", ",", "3", "", "-", 2, 2, 1, 0, 1, 0, 1, 1},
     // Bosnian_BosniaHerzegovina (glibc bs_BA)
-    {"BAM", "KM", ",", "<U202F>", "3", "", "-", 2, 2, 1, 1, 1, 1, 1, 1},
+    {"BAM", "KM", ",", "<U00A0>", "3", "", "-", 2, 2, 1, 1, 1, 1, 1, 1},
     // Bulgarian_Bulgaria (glibc bg_BG)
     {"BGN", "<U043B><U0432>", ",", " ", "3", "", "-", 2, 2, 0, 1, 0, 1, 1, 1},
     // Arabic_Bahrain (glibc ar_BH)
@@ -36,9 +36,9 @@ extern "C" const struct monetary_conventions lconv_monetary[CORVINEL_CURRENCY_RE
     // Spanish_Colombia (glibc es_CO)
     {"COP", "$", ",", ".", "3", "", "-", 2, 2, 1, 1, 1, 1, 1, 1},
     // Spanish_CostaRica (glibc es_CR)
-    {"CRC", "<U20A1>", ",", "<U202F>", "3", "", "-", 2, 2, 1, 1, 1, 1, 1, 1},
+    {"CRC", "<U20A1>", ",", "<U00A0>", "3", "", "-", 2, 2, 1, 1, 1, 1, 1, 1},
     // Czech_CzechRepublic (glibc cs_CZ)
-    {"CZK", "K<U010D>", ",", "<U202F>", "3", "", "-", 2, 2, 0, 1, 0, 1, 1, 1},
+    {"CZK", "K<U010D>", ",", "<U00A0>", "3", "", "-", 2, 2, 0, 1, 0, 1, 1, 1},
     // Danish_Denmark (glibc da_DK)
     {"DKK", "kr.", ",", ".", "3", "", "-", 2, 2, 1, 2, 1, 2, 4, 4},
     // Spanish_DominicanRepublic (glibc es_DO)
@@ -46,7 +46,7 @@ extern "C" const struct monetary_conventions lconv_monetary[CORVINEL_CURRENCY_RE
     // Arabic_Algeria (glibc ar_DZ)
     {"DZD", "<U062F>.<U062C>.", ".", ",", "3", "", "-", 3, 3, 1, 1, 1, 1, 1, 2},
     // Estonian_Estonia (glibc et_EE)
-    {"EEK", "kr", ",", "<U202F>", "3", "", "-", 2, 2, 0, 1, 0, 1, 1, 1},
+    {"EEK", "kr", ",", "<U00A0>", "3", "", "-", 2, 2, 0, 1, 0, 1, 1, 1},
     // Arabic_Egypt (glibc ar_EG)
     {"EGP", "<U062C>.<U0645>.", ".", ",", "3", "", "-", 3, 3, 1, 1, 1, 1, 1, 2},
     // German_Germany (glibc de_DE)
@@ -86,19 +86,19 @@ extern "C" const struct monetary_conventions lconv_monetary[CORVINEL_CURRENCY_RE
     // Arabic_Kuwait (glibc ar_KW)
     {"KWD", "<U062F>.<U0643>.", ".", ",", "3", "", "-", 3, 3, 1, 1, 1, 1, 1, 2},
     // Kazakh_Kazakhstan (glibc kk_KZ)
-    {"KZT", "<U20B8>", ",", "<U202F>", "3", "", "-", 2, 2, 0, 2, 0, 1, 1, 1},
+    {"KZT", "<U20B8>", ",", "<U00A0>", "3", "", "-", 2, 2, 0, 2, 0, 1, 1, 1},
     // Arabic_Lebanon (glibc ar_LB)
     {"LBP", "<U0644>.<U0644>.", ".", ",", "3", "", "-", 3, 3, 1, 1, 1, 1, 1, 2},
     // Lithuanian_Lithuania (glibc lt_LT)
     {"LTL", "LTL", ",", ".", "3", "", "-", 2, 2, 0, 1, 0, 1, 1, 1},
     // Latvian_Latvia (glibc lv_LV)
-    {"LVL", "Ls", ",", "<U202F>", "3", "", "-", 2, 2, 1, 1, 1, 1, 3, 3},
+    {"LVL", "Ls", ",", "<U00A0>", "3", "", "-", 2, 2, 1, 1, 1, 1, 3, 3},
     // Arabic_Libya (glibc ar_LY)
     {"LYD", "<U062F>.<U0644>.", ".", ",", "3", "", "-", 3, 3, 1, 1, 1, 1, 1, 2},
     // Arabic_Morocco (glibc ar_MA)
     {"MAD", "<U062F>.<U0645>.", ".", ",", "3", "", "-", 3, 3, 1, 1, 1, 1, 1, 2},
     // Macedonian_Macedonia (glibc mk_MK)
-    {"MKD", "<U0434><U0435><U043D>.", ",", "<U202F>", "3", "", "-", 2, 2, 0, 1, 0, 1, 1, 1},
+    {"MKD", "<U0434><U0435><U043D>.", ",", "<U00A0>", "3", "", "-", 2, 2, 0, 1, 0, 1, 1, 1},
     // Chinese_Macau (glibc zh_HK)
     {"MOP", "MOP$", ".", ",", "3", "", "-", 2, 2, 1, 0, 1, 0, 1, 0},
     // Spanish_Mexico (glibc es_MX)
@@ -108,7 +108,7 @@ extern "C" const struct monetary_conventions lconv_monetary[CORVINEL_CURRENCY_RE
     // Spanish_Nicaragua (glibc es_NI)
     {"NIO", "C$", ".", ",", "3", "", "-", 2, 2, 1, 1, 1, 1, 1, 1},
     // NorwegianBokmal_Norway (glibc nb_NO)
-    {"NOK", "kr", ",", "<U202F>", "3", "", "-", 2, 2, 1, 0, 1, 0, 4, 4},
+    {"NOK", "kr", ",", "<U00A0>", "3", "", "-", 2, 2, 1, 0, 1, 0, 4, 4},
     // English_NewZealand (glibc en_NZ)
     {"NZD", "$", ".", ",", "3", "", "-", 2, 2, 1, 0, 1, 0, 1, 1},
     // Arabic_Oman (glibc ar_OM)
@@ -120,7 +120,7 @@ extern "C" const struct monetary_conventions lconv_monetary[CORVINEL_CURRENCY_RE
     // English_Philippines (glibc en_PH)
     {"PHP", "<U20B1>", ".", ",", "3", "", "-", 2, 2, 1, 0, 1, 0, 1, 0},
     // Polish_Poland (glibc pl_PL)
-    {"PLN", "z<U0142>", ",", "<U202F>", "3", "", "-", 2, 2, 0, 1, 0, 1, 1, 1},
+    {"PLN", "z<U0142>", ",", "<U00A0>", "3", "", "-", 2, 2, 0, 1, 0, 1, 1, 1},
     // Spanish_Paraguay (glibc es_PY)
     {"PYG", "Gs.", ",", ".", "3", "", "-", 2, 2, 1, 1, 1, 1, 1, 1},
     // Arabic_Qatar (glibc ar_QA)
@@ -132,19 +132,19 @@ extern "C" const struct monetary_conventions lconv_monetary[CORVINEL_CURRENCY_RE
     // Serbian_Serbia (glibc sr_RS)
     {"RSD", "RSD", ",", ".", "3", "", "-", 2, 2, 0, 1, 0, 1, 1, 1},
     // Russian_Russia (glibc ru_RU)
-    {"RUB", "<U20BD>", ",", "<U202F>", "3", "", "-", 2, 2, 0, 1, 0, 1, 1, 1},
+    {"RUB", "<U20BD>", ",", "<U00A0>", "3", "", "-", 2, 2, 0, 1, 0, 1, 1, 1},
     // Russian_Russia (glibc ru_RU)
-    {"RUR", "<U0440>.", ",", "<U202F>", "3", "", "-", 2, 2, 0, 1, 0, 1, 1, 1},
+    {"RUR", "<U0440>.", ",", "<U00A0>", "3", "", "-", 2, 2, 0, 1, 0, 1, 1, 1},
     // Arabic_SaudiArabia (glibc ar_SA)
     {"SAR", "<U0631>.<U0633>.", ".", "", "0", "", "-", 2, 2, 0, 1, 0, 1, 1, 1},
     // Arabic_Sudan (glibc ar_SD)
     {"SDG", "<U062C>.<U0633>.", ".", ",", "3", "", "-", 3, 3, 1, 1, 1, 1, 1, 2},
     // Swedish_Sweden (glibc sv_SE)
-    {"SEK", "kr", ",", "<U202F>", "3", "", "-", 2, 2, 0, 1, 0, 1, 1, 1},
+    {"SEK", "kr", ",", "<U00A0>", "3", "", "-", 2, 2, 0, 1, 0, 1, 1, 1},
     // English_Singapore (glibc en_SG)
     {"SGD", "$", ".", ",", "3", "", "-", 2, 2, 1, 0, 1, 0, 1, 0},
     // Slovak_Slovakia (glibc sk_SK)
-    {"SKK", "SKK", ",", "<U202F>", "3", "", "-", 2, 2, 0, 1, 0, 1, 1, 1},
+    {"SKK", "SKK", ",", "<U00A0>", "3", "", "-", 2, 2, 0, 1, 0, 1, 1, 1},
     // Arabic_Syria (glibc ar_SY)
     {"SYP", "<U0644>.<U0633>.", ".", ",", "3", "", "-", 3, 3, 1, 1, 1, 1, 1, 2},
     // Thai_Thailand (glibc th_TH)
@@ -156,7 +156,7 @@ extern "C" const struct monetary_conventions lconv_monetary[CORVINEL_CURRENCY_RE
     // Chinese_Taiwan (glibc zh_TW)
     {"TWD", "$", ".", ",", "3", "", "-", 2, 2, 1, 0, 1, 0, 1, 1},
     // Ukrainian_Ukraine (glibc uk_UA)
-    {"UAH", "<U20B4>", ",", "<U202F>", "3", "", "-", 2, 2, 0, 2, 0, 1, 1, 1},
+    {"UAH", "<U20B4>", ",", "<U00A0>", "3", "", "-", 2, 2, 0, 2, 0, 1, 1, 1},
     // English_UnitedStates (glibc en_US)
     {"USD", "$", ".", ",", "3", "", "-", 2, 2, 1, 0, 1, 0, 1, 1},
     // Spanish_Uruguay (glibc es_UY)

@@ -1,0 +1,178 @@
+#include "nlnum/digit_texts.h"
+
+#include <langinfo.h>
+
+#include <charconv>
+#include <cstdint>
+#include <iterator>
+#include <clocale>
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+
+namespace corvinel::nlnum {
+namespace {
+
+// Room for a fixed text below 1e70 with fewer than 62 decimals, and for any
+// "%G" text with up to kMaxPrecision digits.
+constexpr int kWholeTextCapacity = 1100;
+
+int print_fixed(double value, int precision, char *out) {
+  return std::snprintf(out, kDigitTextCapacity, "%.*f", precision, value);
+}
+
+int print_general(double value, int field, int precision, char *out) {
+  return std::snprintf(out, kDigitTextCapacity, "%-*.*G", field, precision, value);
+}
+
+// Keeps the first bytes of a text of `length` bytes as snprintf would, with
+// blanks after it up to `field`; returns the padded length.
+int keep(const char *text, int length, int field, char *out) {
+  const int padded = length < field ? field : length;
+  const int kept = padded < kDigitTextCapacity ? padded : kDigitTextCapacity - 1;
+  const int copied = length < kept ? length : kept;
+  std::memcpy(out, text, static_cast<std::size_t>(copied));
+  std::memset(out + copied, ' ', static_cast<std::size_t>(kept - copied));
+  out[kept] = '\0';
+  return padded;
+}
+
+constexpr uint64_t kPowersOfTen[] = {1ull,
+                                     10ull,
+                                     100ull,
+                                     1000ull,
+                                     10000ull,
+                                     100000ull,
+                                     1000000ull,
+                                     10000000ull,
+                                     100000000ull,
+                                     1000000000ull,
+                                     10000000000ull,
+                                     100000000000ull,
+                                     1000000000000ull,
+                                     10000000000000ull,
+                                     100000000000000ull,
+                                     1000000000000000ull,
+                                     10000000000000000ull,
+                                     100000000000000000ull,
+                                     1000000000000000000ull,
+                                     10000000000000000000ull};
+constexpr int kExactPrecisions = static_cast<int>(std::size(kPowersOfTen));
+
+// The "%.*f" digits of a finite value below 2^63 with at most 19 decimals,
+// by integer arithmetic on its exact binary value: value * 10^precision
+// rounded to the nearest integer, a tie to the even one, as printf rounds
+// in the default rounding mode.  The product of a 53-bit significand and
+// 10^19 needs at most 117 bits.  Returns the text's length, or -1 for
+// values it does not take.
+int exact_fixed(double value, int precision, char decimal_point, char *out) {
+  if (precision >= kExactPrecisions) return -1;
+  uint64_t bits;
+  std::memcpy(&bits, &value, sizeof bits);
+  const int biased = static_cast<int>((bits >> 52) & 0x7FF);
+  uint64_t significand = bits & ((uint64_t{1} << 52) - 1);
+  int exponent = -1074;  // value = significand * 2^exponent
+  if (biased != 0) {
+    significand |= uint64_t{1} << 52;
+    exponent = biased - 1075;
+  }
+  if (exponent > 10) return -1;
+  using u128 = unsigned __int128;
+  const uint64_t scale = kPowersOfTen[precision];
+  u128 scaled;
+  if (exponent >= 0) {
+    scaled = static_cast<u128>(significand << exponent) * scale;
+  } else if (-exponent >= 118) {
+    scaled = 0;  // below half a unit of the last place
+  } else {
+    const int shift = -exponent;
+    const u128 product = static_cast<u128>(significand) * scale;
+    scaled = product >> shift;
+    const u128 rest = product & ((u128{1} << shift) - 1);
+    const u128 half = u128{1} << (shift - 1);
+    if (rest > half || (rest == half && (scaled & 1) != 0)) ++scaled;
+  }
+
+  // Digits from the right, at least one before the point.
+  char digits[48];
+  int count = 0;
+  while (scaled > UINT64_MAX) {
+    uint64_t chunk = static_cast<uint64_t>(scaled % kPowersOfTen[19]);
+    scaled /= kPowersOfTen[19];
+    for (int i = 0; i < 19; ++i, chunk /= 10) digits[count++] = static_cast<char>('0' + chunk % 10);
+  }
+  for (uint64_t rest = static_cast<uint64_t>(scaled); rest != 0 || count <= precision; rest /= 10) {
+    digits[count++] = static_cast<char>('0' + rest % 10);
+  }
+  char *next = out;
+  if ((bits >> 63) != 0) *next++ = '-';
+  for (int i = count - 1; i >= 0; --i) {
+    if (i == precision - 1) *next++ = decimal_point;
+    *next++ = digits[i];
+  }
+  *next = '\0';
+  return static_cast<int>(next - out);
+}
+
+}  // namespace
+
+PrintfNumberTexts::PrintfNumberTexts() : mon_decimal_point_(std::localeconv()->mon_decimal_point) {}
+
+int PrintfNumberTexts::fixed(double value, int precision, char *out) const {
+  return print_fixed(value, precision, out);
+}
+
+int PrintfNumberTexts::general(double value, int field, int precision, char *out) const {
+  return print_general(value, field, precision, out);
+}
+
+FastNumberTexts::FastNumberTexts() : mon_decimal_point_(nl_langinfo(MON_DECIMAL_POINT)) {
+  const char *decimal_point = nl_langinfo(RADIXCHAR);
+  decimal_point_ = decimal_point[0];
+  one_byte_decimal_point_ = decimal_point[0] != '\0' && decimal_point[1] == '\0';
+}
+
+bool FastNumberTexts::generates(double value) const {
+  return one_byte_decimal_point_ && std::isfinite(value);
+}
+
+int FastNumberTexts::fixed(double value, int precision, char *out) const {
+  if (!generates(value)) return print_fixed(value, precision, out);
+  // Texts sure to be too wide are not written: a point and `precision`
+  // digits follow the first digit, and 1e70 has more than 64 digits.
+  if (precision >= kDigitTextCapacity - 2 || std::fabs(value) >= 1e70) {
+    out[0] = '\0';
+    return kDigitTextCapacity;
+  }
+  // At most 19 + 19 digits, a sign and a point: it always fits `out`.
+  if (const int length = exact_fixed(value, precision, decimal_point_, out); length >= 0) return length;
+  char text[kWholeTextCapacity];
+  const auto [end, error] =
+      std::to_chars(text, text + sizeof text, value, std::chars_format::fixed, precision);
+  if (error != std::errc{}) return print_fixed(value, precision, out);
+  if (decimal_point_ != '.') {
+    if (char *point = static_cast<char *>(std::memchr(text, '.', static_cast<std::size_t>(end - text)))) {
+      *point = decimal_point_;
+    }
+  }
+  return keep(text, static_cast<int>(end - text), 0, out);
+}
+
+int FastNumberTexts::general(double value, int field, int precision, char *out) const {
+  if (!generates(value)) return print_general(value, field, precision, out);
+  char text[kWholeTextCapacity];
+  // printf reads a precision of 0 as 1 significant digit.
+  const auto [end, error] = std::to_chars(text, text + sizeof text, value,
+                                          std::chars_format::general, precision > 0 ? precision : 1);
+  if (error != std::errc{}) return print_general(value, field, precision, out);
+  for (char *c = text; c != end; ++c) {
+    if (*c == 'e') {
+      *c = 'E';
+    } else if (*c == '.') {
+      *c = decimal_point_;
+    }
+  }
+  return keep(text, static_cast<int>(end - text), field, out);
+}
+
+}  // namespace corvinel::nlnum

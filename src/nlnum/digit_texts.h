@@ -1,0 +1,70 @@
+// The digit texts the number engine starts from: a value with a fixed count
+// of decimals ("%.*f") and left-justified in a field with a count of
+// significant digits ("%-*.*G"), exactly as the C library's printf writes
+// them in the process locale (its LC_NUMERIC decimal point, "E" exponents,
+// negative zero as "-0").  The engine also splits fixed texts at the process
+// locale's monetary decimal point (LC_MONETARY), so that point comes from
+// the same source.
+//
+// Two sources give the same bytes in every case:
+//   - PrintfNumberTexts asks snprintf and localeconv, as the engine was first
+//     written; it is the reference the tests hold the fast one to;
+//   - FastNumberTexts generates the digits itself (std::to_chars, which is
+//     exact like printf and rounds ties of the binary value to even like it)
+//     and reads the process locale's marks with nl_langinfo.  A process locale
+//     whose decimal point is not a single byte goes to snprintf.
+// Both read the process locale when they are made, once per format call, so
+// a change of the process locale takes effect at the next call.
+#pragma once
+
+namespace corvinel::nlnum {
+
+// Bytes a digit text keeps, with its terminating NUL.  Longer texts are cut
+// (as snprintf cuts them) and only their length is exact.
+inline constexpr int kDigitTextCapacity = 64;
+
+// No double has more than 767 significant decimal digits, so every larger
+// precision gives the same "%G" text, and every fixed text with that many
+// decimals is far wider than any field.  Callers cap precisions here.
+inline constexpr int kMaxPrecision = 767;
+
+// Every text function writes its text and a NUL into `out`
+// (kDigitTextCapacity bytes) and returns its length, or a negative number
+// when the C library fails.  A text of kDigitTextCapacity bytes or more is
+// wider than any field it is compared with: its length is reported as at
+// least kDigitTextCapacity, and `out` then holds the text's first bytes for
+// "%G" texts (the engine looks at how they begin) and nothing that counts
+// for fixed texts.  precision lies in 0 .. kMaxPrecision; field in
+// 0 .. kDigitTextCapacity.
+class PrintfNumberTexts {
+ public:
+  PrintfNumberTexts();
+  // "%.*f"
+  int fixed(double value, int precision, char *out) const;
+  // "%-*.*G"
+  int general(double value, int field, int precision, char *out) const;
+  // LC_MONETARY's decimal point; may be empty.
+  const char *mon_decimal_point() const { return mon_decimal_point_; }
+
+ private:
+  const char *mon_decimal_point_;
+};
+
+class FastNumberTexts {
+ public:
+  FastNumberTexts();
+  int fixed(double value, int precision, char *out) const;
+  int general(double value, int field, int precision, char *out) const;
+  const char *mon_decimal_point() const { return mon_decimal_point_; }
+
+ private:
+  // Finite values under a one-byte decimal point are generated here; the
+  // rest goes to snprintf.
+  bool generates(double value) const;
+
+  char decimal_point_;  // LC_NUMERIC's, when it is one byte
+  bool one_byte_decimal_point_;
+  const char *mon_decimal_point_;
+};
+
+}  // namespace corvinel::nlnum

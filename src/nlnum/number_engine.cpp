@@ -1,0 +1,182 @@
+#include "nlnum/number_engine.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+#include "corvinel/locale_db.h"
+#include "corvinel/missing.h"
+#include "locale/locale_records.h"
+#include "locale/pattern_convention.h"
+#include "nlnum/currency_layouts.h"
+#include "nlnum/digit_texts.h"
+#include "nlnum/field_placement.h"
+#include "nlnum/number_assembly.h"
+
+namespace corvinel::nlnum {
+namespace {
+
+// What the attempts have learnt so far.
+struct FittingState {
+  int decimals;
+  bool grouping_allowed = true;
+  bool grouped = false;           // some attempt wrote a group separator
+  bool leading_zero = false;      // some text with decimals began "0."
+  bool two_byte_decimal = false;  // some exponent text got a two-byte decimal mark
+  int shrink = 0;                 // narrows the field of the exponent text
+
+  // The next attempt after one whose text was `result_length` bytes for a
+  // field of `width`; false when there is none (overflow).
+  bool adjust(int result_length, int width) {
+    if (grouping_allowed && grouped) {
+      grouping_allowed = false;
+      return true;
+    }
+    if (decimals > 0) {
+      if (!leading_zero || shrink > 0) {
+        --decimals;
+      } else {
+        shrink = 1;
+      }
+      return true;
+    }
+    if (shrink == 0) {
+      shrink = result_length - width;
+      if (two_byte_decimal && shrink > 1) --shrink;
+      return shrink > 0 && shrink < width;
+    }
+    if (width - shrink < 2) return false;
+    ++shrink;
+    return true;
+  }
+};
+
+int32_t render_missing(fmtreq &request) {
+  const int32_t decimals = request.decimals;
+  request.decimals = 0;
+  zfmmiss(&request);
+  request.decimals = decimals;
+  return CORVINEL_OK;
+}
+
+// The two ways of running the engine: the reference asks wzssglc for the
+// convention, snprintf for the digits and getExpResultFromNarrowCharBuf for
+// every expansion, as the engine was first written; the fast one reads the
+// convention in place from the locale record (the values wzssglc copies),
+// generates the digits itself and expands simple texts itself.
+struct ReferenceSources {
+  using Texts = PrintfNumberTexts;
+  static SessionCodeset session_codeset() { return SessionCodeset::kOther; }
+  static bool fetch(int32_t locale, int32_t item, patsyms &storage,
+                    locale::PatternConvention &convention) {
+    locbuf buffer{};
+    buffer.symbols = &storage;
+    locbuf *handle = &buffer;
+    if (wzssglc(locale, item, &handle) != 0) return false;
+    convention.symbol = storage.symbol;
+    convention.decimal = storage.decimal;
+    convention.separator = storage.separator;
+    convention.grouping = storage.grouping;
+    convention.positive = storage.positive;
+    convention.negative = storage.negative;
+    convention.p_cs_precedes = storage.p_cs_precedes;
+    convention.p_sep_by_space = storage.p_sep_by_space;
+    convention.p_sign_posn = storage.p_sign_posn;
+    convention.n_cs_precedes = storage.n_cs_precedes;
+    convention.n_sep_by_space = storage.n_sep_by_space;
+    convention.n_sign_posn = storage.n_sign_posn;
+    return true;
+  }
+};
+
+struct FastSources {
+  using Texts = FastNumberTexts;
+  static SessionCodeset session_codeset() { return read_session_codeset(); }
+  static bool fetch(int32_t locale, int32_t item, patsyms & /*storage*/,
+                    locale::PatternConvention &convention) {
+    convention = locale::read_pattern_convention(locale::select_record(locale), item);
+    return convention.complete;
+  }
+};
+
+template <typename Sources>
+int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtreq &request) {
+  if (mode != 0 || !locale::is_pattern_item(item)) return kNoConvention;
+  patsyms storage;
+  locale::PatternConvention convention;
+  if (!Sources::fetch(request.locale, item, storage, convention)) return kNoConvention;
+
+  const int32_t w = width;
+  if (w <= 0) return CORVINEL_OK;
+  if (w > kWidestNumberField) {
+    request.width = kWidestNumberField;
+    std::memset(output, '*', kWidestNumberField);
+    request.outlen = kWidestNumberField;
+    return CORVINEL_OK;
+  }
+  request.outlen = w;
+  const double value = request.value != nullptr ? *request.value : std_miss_val;
+  if (zmiss(value)) return render_missing(request);
+  std::memset(output, ' ', static_cast<std::size_t>(w));
+  if (!std::isfinite(value)) return fill_overflow(request, output, w);
+
+  const typename Sources::Texts texts;
+  const SessionCodeset codeset = Sources::session_codeset();
+  const NumberMarks marks{convention.decimal, convention.separator, convention.grouping};
+  FittingState state{std::clamp(request.decimals, 0, kMaxPrecision)};
+  if (marks.decimal.empty()) state.decimals = 0;
+  const bool negative = value < 0;
+  const char *layout =
+      negative ? layout_for(convention.n_cs_precedes, convention.n_sep_by_space, convention.n_sign_posn)
+               : layout_for(convention.p_cs_precedes, convention.p_sep_by_space, convention.p_sign_posn);
+  const std::string_view sign = negative ? convention.negative : convention.positive;
+  const bool bracket_blank = value > 0 && convention.n_sign_posn == 0;
+
+  char digits[kDigitTextCapacity];
+  AssembledNumber number;
+  char composed[kComposedCapacity];
+  for (;;) {
+    int n = texts.fixed(value, state.decimals, digits);
+    if (n > w || state.shrink > 0) n = texts.general(value, w - state.shrink, state.decimals, digits);
+    if (n <= 0) return fill_overflow(request, output, w);
+    if (state.decimals > 0 && digits[0] == '0' && digits[1] == '.') state.leading_zero = true;
+
+    // The length the adjustment narrows the exponent field by: w + 1 for a
+    // digit text wider than the field, the number's own length past 256
+    // bytes, else the composed text's length in the symbolic notation (so a
+    // symbol such as "<U20AC>" counts its seven bytes: the expanded length
+    // is not known once expansion has cut the text).
+    int result_length = w + 1;
+    if (n <= w && std::strchr(digits, '*') == nullptr) {
+      assemble_number(digits, state.decimals, marks, state.grouping_allowed,
+                      texts.mon_decimal_point(), number);
+      state.grouped = state.grouped || number.grouped;
+      state.two_byte_decimal = state.two_byte_decimal || number.two_byte_decimal;
+      result_length = number.length;
+      if (number.length <= kMaxAssembledNumber) {
+        result_length = compose_layout(layout, convention.symbol, sign, negative, number.view(),
+                                       bracket_blank, composed);
+        switch (place_right_aligned(request, codeset, output, w, composed, result_length,
+                                    request.capacity)) {
+          case Placement::kPlaced: return CORVINEL_OK;
+          case Placement::kFailed: return fill_overflow(request, output, w);
+          case Placement::kTooWide: break;
+        }
+      }
+    }
+    if (!state.adjust(result_length, w)) return fill_overflow(request, output, w);
+  }
+}
+
+}  // namespace
+
+int32_t zkfnum(char *output, int32_t width, int32_t mode, int32_t item, fmtreq *request) {
+  return run_engine<FastSources>(output, width, mode, item, *request);
+}
+
+int32_t zkfnum_reference(char *output, int32_t width, int32_t mode, int32_t item,
+                         fmtreq *request) {
+  return run_engine<ReferenceSources>(output, width, mode, item, *request);
+}
+
+}  // namespace corvinel::nlnum

@@ -1,0 +1,29 @@
+// Output expansion without the conversion machinery for the texts the number
+// formats build most: under a UTF-8, ISO-8859-1 or ASCII session a text
+// whose characters all convert is expanded and encoded here in one pass.
+// Everything else goes to getExpResultFromNarrowCharBuf.  Results, bytes
+// and the delivered encoding are the same in every case (the tests compare
+// the two over generated texts).
+#pragma once
+
+#include <cstdint>
+
+namespace corvinel::nlnum {
+
+// The session codesets expanded here; kOther always takes the general path.
+enum class SessionCodeset { kOther, kUtf8, kLatin1, kAscii };
+
+// The process locale's codeset, named by the rules of output expansion
+// (nl_langinfo(CODESET): "utf8" or "utf-8" at its start in any case is
+// UTF-8; "ISO-8859-1" and "ANSI_X3.4-1968" exactly).  Read once per format
+// call: the process locale does not change during a call.
+SessionCodeset read_session_codeset();
+
+// getExpResultFromNarrowCharBuf(0, outenc, encout, buf, len, width,
+// capacity), given the session codeset read for this call.  The shortcut
+// takes texts of at most 200 units without surrogate halves whose
+// characters the codeset has and whose UTF-8 form fits the 402-byte step.
+int32_t expand_output(SessionCodeset codeset, int32_t outenc, int32_t *encout, char *buf,
+                      int32_t *len, int32_t width, int32_t capacity);
+
+}  // namespace corvinel::nlnum
