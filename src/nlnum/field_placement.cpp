@@ -4,6 +4,7 @@
 
 #include "locale/output_expansion.h"
 #include "nlnum/number_assembly.h"
+#include "nlnum/request_expansion.h"
 
 namespace corvinel::nlnum {
 namespace {
@@ -12,15 +13,6 @@ namespace {
 // one 402-byte step back.
 constexpr int32_t kExpansionBuffer = kComposedCapacity;
 static_assert(kExpansionBuffer >= 402);
-
-int32_t delivered_encoding(const fmtreq &request) {
-  return static_cast<int32_t>(static_cast<uint32_t>(static_cast<uint64_t>(request.xcode_state)));
-}
-
-void set_delivered_encoding(fmtreq &request, int32_t encoding) {
-  const uint64_t high = static_cast<uint64_t>(request.xcode_state) & 0xFFFFFFFF00000000u;
-  request.xcode_state = static_cast<int64_t>(high | static_cast<uint32_t>(encoding));
-}
 
 void blank_fill_units(char *output, int32_t capacity, bool high_byte_first) {
   for (int32_t i = 0; i < capacity; ++i) {
@@ -62,12 +54,7 @@ Placement place_right_aligned(fmtreq &request, SessionCodeset codeset, char *out
 }
 
 int32_t expand_field_in_place(fmtreq &request) {
-  int32_t encoding = delivered_encoding(request);
-  const int32_t result =
-      locale::getExpResultFromNarrowCharBuf(request.xcode_a, request.xcode_b, &encoding, request.output,
-                                            &request.outlen, request.width, request.capacity);
-  set_delivered_encoding(request, encoding);
-  return result;
+  return expand_for_request(request, request.output, &request.outlen, request.capacity);
 }
 
 int32_t fill_overflow(fmtreq &request, char *output, int32_t width) {

@@ -16,6 +16,13 @@ inline int32_t delivered_encoding(const fmtreq &request) {
   return static_cast<int32_t>(request.xcode_state);
 }
 
+// Records `encoding` in the low 32 bits of `xcode_state`, leaving the high
+// half to the host.
+inline void set_delivered_encoding(fmtreq &request, int32_t encoding) {
+  const uint64_t high = static_cast<uint64_t>(request.xcode_state) & 0xFFFFFFFF00000000u;
+  request.xcode_state = static_cast<int64_t>(high | static_cast<uint32_t>(encoding));
+}
+
 inline bool delivers_16_bit_units(const fmtreq &request) {
   const int32_t encoding = delivered_encoding(request);
   return encoding == CORVINEL_ENC_UTF16BE || encoding == CORVINEL_ENC_UTF16LE;
@@ -29,8 +36,7 @@ inline int32_t expand_for_request(fmtreq &request, char *text, int32_t *length, 
   int32_t delivered = delivered_encoding(request);
   const int32_t result = locale::getExpResultFromNarrowCharBuf(
       request.xcode_a, request.xcode_b, &delivered, text, length, request.width, capacity);
-  request.xcode_state =
-      (request.xcode_state & ~int64_t{0xFFFFFFFF}) | int64_t{static_cast<uint32_t>(delivered)};
+  set_delivered_encoding(request, delivered);
   return result;
 }
 

@@ -17,7 +17,7 @@
 //   hi_IN  "." ","; grouping "3;2", which the engine reads as 2 (last
 //          character) and the currency-code formats as 3 (first character)
 //   zh_TW  "." ","; money "-NT$1"
-//   de_CH  "." and U+2019 between groups; money "CHF -1" (sign_posn 4)
+//   de_CH  "." and "'" between groups; money "CHF -1" (sign_posn 4)
 //   pt_BR  "," "."; money "-R$ 1"
 //   da_DK  money "kr." with sep_by_space 2 and sign_posn 4: "kr. -1"
 // Percent formats lay out "-12.5%" in every locale; the I forms use "."
@@ -107,10 +107,9 @@ const GoldenRow kRows[] = {
     // U+00A0 is two UTF-8 bytes (14 > 12) but one ISO-8859-1 byte.
     {F(nlnum), 12, 2, 1234567.891, "pl_PL", U8, "  1234567,89"},
     {F(nlnum), 12, 2, 1234567.891, "pl_PL", L1, "1\u00A0234\u00A0567,89"},
-    {F(nlnum), 16, 2, 1234567.891, "de_CH", U8, "1\u2019234\u2019567.89"},
-    {F(nlnum), 12, 2, 1234567.891, "de_CH", U8, "  1234567.89"},
-    // U+2019 has no ISO-8859-1 byte.
-    {F(nlnum), 12, 2, 1234567.891, "de_CH", L1, "1?234?567.89"},
+    // The Swiss apostrophe is one byte in every encoding.
+    {F(nlnum), 16, 2, 1234567.891, "de_CH", U8, "    1'234'567.89"},
+    {F(nlnum), 12, 2, 1234567.891, "de_CH", L1, "1'234'567.89"},
     {F(nlnum), 12, 0, 1234567, "hi_IN", U8, "  1,23,45,67"},
     {F(nlnum), 10, 1, -1234.5, "ar_DZ", U8, "  1.234,5-"},
     {F(nlnum), 10, 1, -1234.5, "ar_DZ", U16, "  1.234,5-"},
@@ -181,9 +180,8 @@ const GoldenRow kRows[] = {
     {F(nlmny), 12, 2, 1234567.891, "hi_IN", U8, "\u20B91234567.9"},
     {F(nlmny), 12, 2, -1234.5, "zh_TW", U8, "-NT$1,234.50"},
     {F(nlmny), 12, 2, -1234.5, "zh_TW", U16, "-NT$1,234.50"},
-    {F(nlmny), 16, 2, -1234.5, "de_CH", U8, " CHF -1\u2019234.50"},
-    {F(nlmny), 14, 2, -1234.5, "de_CH", U8, "  CHF -1234.50"},
-    {F(nlmny), 14, 2, -1234.5, "de_CH", L1, " CHF -1?234.50"},
+    {F(nlmny), 16, 2, -1234.5, "de_CH", U8, "   CHF -1'234.50"},
+    {F(nlmny), 14, 2, -1234.5, "de_CH", L1, " CHF -1'234.50"},
     {F(nlmny), 12, 2, -1234.5, "pt_BR", U8, "-R$ 1.234,50"},
     {F(nlmny), 14, 2, -1234.5, "da_DK", U8, " kr. -1.234,50"},
 

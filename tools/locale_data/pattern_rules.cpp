@@ -287,6 +287,7 @@ std::u16string legacy_mark(std::u16string_view mark) {
   std::u16string out(mark);
   for (char16_t &c : out) {
     if (c == 0x202F) c = 0x00A0;
+    if (c == 0x2019) c = u'\'';
   }
   return out;
 }

@@ -48,7 +48,10 @@ struct DateFieldStyle {
 // thirty locales (French, Polish, Russian, Swedish, Czech, ...), becomes the
 // no-break space U+00A0.  No single-byte session encoding has U+202F, so
 // under ISO-8859-1 or a Windows code page such numbers would show "?"
-// between their groups; U+00A0 is in all of them and looks the same.  The
+// between their groups; U+00A0 is in all of them and looks the same.
+// Likewise the right single quotation mark U+2019, glibc's group separator
+// for Switzerland and Liechtenstein, becomes the apostrophe that Swiss
+// numbers were always written with and that every encoding has.  The
 // localised number patterns take their separator from these marks.
 std::u16string legacy_mark(std::u16string_view mark);
 

@@ -28,7 +28,7 @@ extern "C" const struct monetary_conventions lconv_monetary[CORVINEL_CURRENCY_RE
     // English_Canada (glibc en_CA)
     {"CAD", "$", ".", ",", "3", "", "-", 2, 2, 1, 0, 1, 0, 1, 1},
     // German_Switzerland (glibc de_CH)
-    {"CHF", "CHF", ".", "<U2019>", "3", "", "-", 2, 2, 1, 1, 1, 1, 4, 4},
+    {"CHF", "CHF", ".", "'", "3", "", "-", 2, 2, 1, 1, 1, 1, 4, 4},
     // Spanish_Chile (glibc es_CL)
     {"CLP", "$", ",", ".", "3", "", "-", 2, 2, 1, 1, 1, 1, 1, 1},
     // Chinese_China (glibc zh_CN)
