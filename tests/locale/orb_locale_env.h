@@ -11,34 +11,23 @@
 
 namespace corvinel::testing {
 
-// Sets (or, with nullptr, unsets) ORB_LOCALE and puts the previous state
-// back when it goes out of scope.
+// Sets (nullptr: unsets) ORB_LOCALE and puts the previous state back at the end of the scope.
 class ScopedOrbLocale {
  public:
   explicit ScopedOrbLocale(const char *value) {
     if (const char *old = std::getenv("ORB_LOCALE")) saved_ = old;
-    if (value == nullptr) {
-      unsetenv("ORB_LOCALE");
-    } else {
-      setenv("ORB_LOCALE", value, 1);
-    }
+    set(value);
   }
-  ~ScopedOrbLocale() {
-    if (saved_) {
-      setenv("ORB_LOCALE", saved_->c_str(), 1);
-    } else {
-      unsetenv("ORB_LOCALE");
-    }
-  }
+  ~ScopedOrbLocale() { set(saved_ ? saved_->c_str() : nullptr); }
   ScopedOrbLocale(const ScopedOrbLocale &) = delete;
   ScopedOrbLocale &operator=(const ScopedOrbLocale &) = delete;
 
  private:
+  static void set(const char *value) { (void)(value ? setenv("ORB_LOCALE", value, 1) : unsetenv("ORB_LOCALE")); }
   std::optional<std::string> saved_;
 };
 
-// An item read with getORBLocDB: its text, "" for an absent item, nullopt
-// when the fetch fails.
+// An item read with getORBLocDB: its text, "" for an absent item, nullopt when the fetch fails.
 inline std::optional<std::string> locale_item(int32_t locale, int32_t item) {
   char buffer[CORVINEL_LOCALE_TEXT];
   const int32_t length = getORBLocDB(buffer, sizeof buffer, item, locale);
@@ -49,8 +38,7 @@ inline std::optional<std::string> locale_item(int32_t locale, int32_t item) {
 // The 1-based locale number of the record named `name`, 0 if none.
 inline int32_t locale_number(const char *name) {
   for (int32_t r = 0; r < CORVINEL_LOCALE_RECORDS; ++r) {
-    const locitem &item = ORBlocaleData[r][0];
-    if (item.text != nullptr && std::strcmp(item.text, name) == 0) return r + 1;
+    if (ORBlocaleData[r][0].text && std::strcmp(ORBlocaleData[r][0].text, name) == 0) return r + 1;
   }
   return 0;
 }

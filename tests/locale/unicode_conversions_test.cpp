@@ -1,8 +1,12 @@
+// LATIN1ToUNICODE, UTF8ToUNICODE, UNICODEToUTF8 (against iconv where it
+// agrees, and their deliberate leniencies), UPCASE/LOWCASE and NLSNUMCHAR.
 #include <iconv.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <ostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -12,170 +16,193 @@
 
 namespace {
 
-using Units = std::vector<uint16_t>;
-using Bytes = std::vector<unsigned char>;
+using Units = std::u16string;
+constexpr char16_t kUnitGuard = 0xBEEF;
 
-struct Widening {
-  const char *what;
-  Bytes in;
-  int32_t outcap;
-  Units expected;
-  int32_t result;
-};
+const unsigned char *bytes(const std::string &text) { return reinterpret_cast<const unsigned char *>(text.data()); }
+uint16_t *units(Units &text) { return reinterpret_cast<uint16_t *>(text.data()); }
 
-void PrintTo(const Widening &c, std::ostream *os) { *os << c.what; }
-
-class Latin1ToUnicode : public ::testing::TestWithParam<Widening> {};
-
-TEST_P(Latin1ToUnicode, WidensThroughCodePage1252) {
-  const Widening &c = GetParam();
-  Units out(16, 0xBEEF);
-  int32_t nout = -1;
-  EXPECT_EQ(LATIN1ToUNICODE(c.in.data(), static_cast<int32_t>(c.in.size()), out.data(), c.outcap,
-                            &nout),
-            c.result);
-  ASSERT_EQ(nout, static_cast<int32_t>(c.expected.size()));
-  EXPECT_EQ(Units(out.begin(), out.begin() + nout), c.expected);
-  EXPECT_EQ(out[nout], 0xBEEF);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Bytes, Latin1ToUnicode,
-    ::testing::Values(Widening{"euro", {0x80}, 2, {0x20AC}, 0},
-                      Widening{"e_acute", {0xE9}, 2, {0x00E9}, 0},
-                      Widening{"undefined_0x81", {0x81, 0x8D, 0x8F, 0x90, 0x9D}, 10,
-                               {0x81, 0x8D, 0x8F, 0x90, 0x9D}, 0},
-                      Widening{"last_of_c1_row", {0x9F, 0x9E}, 4, {0x0178, 0x017E}, 0},
-                      Widening{"ascii_and_nbsp", {'A', 0xA0, 0xFF}, 6, {0x41, 0xA0, 0xFF}, 0},
-                      Widening{"odd_outcap_drops", {'A', 'B'}, 3, {0x41}, 2},
-                      Widening{"no_room", {'A'}, 0, {}, 2}, Widening{"empty", {}, 4, {}, 0}));
-
-// The table against the C library's own code page 1252, where it has one.
-TEST(Latin1ToUnicode, AgreesWithIconvCp1252) {
-  iconv_t cd = iconv_open("UTF-16LE", "CP1252");
-  ASSERT_NE(cd, reinterpret_cast<iconv_t>(-1));
-  for (int b = 0; b < 256; ++b) {
-    char in = static_cast<char>(b);
-    unsigned char out[4] = {};
-    char *in_next = &in;
-    char *out_next = reinterpret_cast<char *>(out);
-    size_t in_left = 1, out_left = sizeof out;
-    const bool defined = iconv(cd, &in_next, &in_left, &out_next, &out_left) != static_cast<size_t>(-1);
-    const uint16_t expected = defined ? static_cast<uint16_t>(out[0] | out[1] << 8) : b;
-    EXPECT_EQ(corvinel::locale::wlt1unic[b], expected) << "byte " << b;
-  }
+// Converts one byte or unit with iconv; nothing when iconv refuses it.
+std::string iconv_one(const char *to, const char *from, std::string in) {
+  iconv_t cd = iconv_open(to, from);
+  char out[8];
+  char *in_next = in.data(), *out_next = out;
+  size_t in_left = in.size(), out_left = sizeof out;
+  const bool done = iconv(cd, &in_next, &in_left, &out_next, &out_left) != static_cast<size_t>(-1);
   iconv_close(cd);
+  return done ? std::string(out, out_next) : std::string();
 }
 
-struct Decoding {
+// Code page 1252 as the C library has it, its undefined bytes mapping to themselves; what does not fit is dropped.
+TEST(Latin1ToUnicode, WidensThroughCodePage1252) {
+  for (int b = 0; b < 256; ++b) {
+    const std::string reference = iconv_one("UTF-16LE", "CP1252", std::string(1, static_cast<char>(b)));
+    const int expected = reference.empty() ? b : (reference[0] & 0xFF) | (reference[1] & 0xFF) << 8;
+    EXPECT_EQ(corvinel::locale::wlt1unic[b], expected) << b;
+  }
+  Units out(4, kUnitGuard);
+  int32_t nout = -1;
+  EXPECT_EQ(LATIN1ToUNICODE(bytes("\x80" "BC"), 3, units(out), 5, &nout), 2);
+  EXPECT_EQ(nout, 2);
+  EXPECT_EQ(out, Units(u"\x20AC" "B") + kUnitGuard + kUnitGuard);
+}
+
+struct Conversion {
   const char *what;
-  Bytes in;
+  std::string utf8;  // the input of UTF8ToUNICODE, the output of UNICODEToUTF8
+  Units units;       // the other side
   int32_t outcap;
-  Units expected;
   int32_t result;
+  int32_t nbytes_in = 0;  // UNICODEToUTF8: input bytes (may be odd)
+  int32_t consumed = 0;   // UNICODEToUTF8: units consumed
 };
 
-void PrintTo(const Decoding &c, std::ostream *os) { *os << c.what; }
+void PrintTo(const Conversion &c, std::ostream *os) { *os << c.what; }
 
-class Utf8ToUnicode : public ::testing::TestWithParam<Decoding> {};
+class Utf8ToUnicode : public ::testing::TestWithParam<Conversion> {};
+class UnicodeToUtf8 : public ::testing::TestWithParam<Conversion> {};
 
 TEST_P(Utf8ToUnicode, DecodesLeniently) {
-  const Decoding &c = GetParam();
-  Units out(16, 0xBEEF);
+  const Conversion &c = GetParam();
+  Units out(8, kUnitGuard);
   int32_t nunits = -1, nbytes = -1;
-  EXPECT_EQ(UTF8ToUNICODE(c.in.data(), static_cast<int32_t>(c.in.size()), out.data(), c.outcap,
-                          &nunits, &nbytes),
+  EXPECT_EQ(UTF8ToUNICODE(bytes(c.utf8), static_cast<int32_t>(c.utf8.size()), units(out), c.outcap, &nunits, &nbytes),
             c.result);
-  ASSERT_EQ(nunits, static_cast<int32_t>(c.expected.size()));
   EXPECT_EQ(nbytes, 2 * nunits);
-  EXPECT_EQ(Units(out.begin(), out.begin() + nunits), c.expected);
-  EXPECT_EQ(out[nunits], 0xBEEF);
+  ASSERT_EQ(nunits, static_cast<int32_t>(c.units.size()));
+  EXPECT_EQ(out, c.units + Units(8 - c.units.size(), kUnitGuard));
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Sequences, Utf8ToUnicode,
-    ::testing::Values(
-        Decoding{"two_bytes", {0xC3, 0xA9}, 8, {0x00E9}, 0},
-        Decoding{"three_bytes", {'A', 0xE2, 0x82, 0xAC}, 8, {0x41, 0x20AC}, 0},
-        Decoding{"four_bytes_keep_low_16_bits", {0xF0, 0x9F, 0x98, 0x80}, 8, {0xF600}, 0},
-        Decoding{"six_bytes", {0xFC, 0x84, 0x80, 0x80, 0x80, 0x81}, 8, {0x0001}, 0},
-        Decoding{"overlong_decoded", {0xC0, 0x81}, 8, {0x0001}, 0},
-        Decoding{"stray_continuation", {0x80, 'B'}, 8, {0x0000, 0x42}, 0},
-        // A non-continuation byte inside a sequence adds its bits under the
-        // mask of its position instead of being rejected.
-        Decoding{"lead_inside_sequence", {0xC3, 0x41}, 8, {0x0101}, 0},
-        Decoding{"incomplete_alone", {0xC3}, 8, {}, 1},
-        Decoding{"incomplete_after_text", {'A', 0xE2, 0x82}, 8, {0x41}, 1},
-        Decoding{"full", {'A', 'B', 'C'}, 4, {0x41, 0x42}, 2},
-        Decoding{"odd_outcap", {'A', 'B'}, 3, {0x41}, 2},
-        // An incomplete sequence is reported before a full output.
-        Decoding{"incomplete_before_full", {'A', 0xC3}, 2, {0x41}, 1},
-        Decoding{"empty", {}, 8, {}, 0}));
-
-struct Encoding {
-  const char *what;
-  Units in;
-  int32_t nbytes_in;
-  int32_t outcap;
-  Bytes expected;
-  int32_t units_consumed;
-  int32_t result;
-};
-
-void PrintTo(const Encoding &c, std::ostream *os) { *os << c.what; }
-
-class UnicodeToUtf8 : public ::testing::TestWithParam<Encoding> {};
+    ::testing::Values(Conversion{"four_bytes_keep_low_16_bits", "\xF0\x9F\x98\x80", u"\xF600", 8, 0},
+                      Conversion{"six_bytes", "\xFC\x84\x80\x80\x80\x81", u"\x0001", 8, 0},
+                      Conversion{"overlong_decoded", "\xC0\x81", u"\x0001", 8, 0},
+                      Conversion{"stray_continuation", "\x80" "B", Units(u"\0B", 2), 8, 0},
+                      // A lead byte inside a sequence adds its bits under the mask of its position.
+                      Conversion{"lead_inside_sequence", "\xC3\x41", u"\x0101", 8, 0},
+                      Conversion{"incomplete", "A\xE2\x82", u"A", 8, 1}, Conversion{"full", "ABC", u"AB", 4, 2},
+                      Conversion{"odd_outcap", "AB", u"A", 3, 2}, Conversion{"incomplete_before_full", "A\xC3", u"A", 2, 1}));
 
 TEST_P(UnicodeToUtf8, EncodesUnitByUnit) {
-  const Encoding &c = GetParam();
-  Bytes out(16, 0x5A);
+  const Conversion &c = GetParam();
+  std::string out(8, '\x5A');
   int32_t nunits = -1, nbytes = -1;
-  EXPECT_EQ(UNICODEToUTF8(c.in.data(), c.nbytes_in, out.data(), c.outcap, &nunits, &nbytes),
+  Units in = c.units;
+  EXPECT_EQ(UNICODEToUTF8(units(in), c.nbytes_in, reinterpret_cast<unsigned char *>(out.data()), c.outcap, &nunits, &nbytes),
             c.result);
-  EXPECT_EQ(nunits, c.units_consumed);
-  ASSERT_EQ(nbytes, static_cast<int32_t>(c.expected.size()));
-  EXPECT_EQ(Bytes(out.begin(), out.begin() + nbytes), c.expected);
-  EXPECT_EQ(out[nbytes], 0x5A);
+  EXPECT_EQ(nunits, c.consumed);
+  ASSERT_EQ(nbytes, static_cast<int32_t>(c.utf8.size()));
+  EXPECT_EQ(out, c.utf8 + std::string(8 - c.utf8.size(), '\x5A'));
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Units, UnicodeToUtf8,
-    ::testing::Values(
-        Encoding{"one_two_three", {0x41, 0xE9, 0x20AC}, 6, 16,
-                 {0x41, 0xC3, 0xA9, 0xE2, 0x82, 0xAC}, 3, 0},
-        Encoding{"boundaries", {0x7F, 0x80, 0x7FF, 0x800}, 8, 16,
-                 {0x7F, 0xC2, 0x80, 0xDF, 0xBF, 0xE0, 0xA0, 0x80}, 4, 0},
-        Encoding{"surrogates_one_by_one", {0xD83D, 0xDE00}, 4, 16,
-                 {0xED, 0xA0, 0xBD, 0xED, 0xB8, 0x80}, 2, 0},
-        Encoding{"odd_byte_count", {0x41, 0x42, 0x43}, 5, 16, {0x41, 0x42}, 2, 0},
-        Encoding{"next_does_not_fit", {0x41, 0x20AC}, 4, 3, {0x41}, 1, 2},
-        Encoding{"exact_fit", {0x41, 0x20AC}, 4, 4, {0x41, 0xE2, 0x82, 0xAC}, 2, 0},
-        Encoding{"no_room", {0x41}, 2, 0, {}, 0, 2}));
+    ::testing::Values(Conversion{"surrogates_one_by_one", "\xED\xA0\xBD\xED\xB8\x80", u"\xD83D\xDE00", 8, 0, 4, 2},
+                      Conversion{"odd_byte_count", "AB", u"ABC", 8, 0, 5, 2},
+                      Conversion{"next_does_not_fit", "A", u"A\x20AC", 3, 2, 4, 1},
+                      Conversion{"exact_fit", "A\xE2\x82\xAC", u"A\x20AC", 4, 0, 4, 2}));
 
-// Every unit outside the surrogates survives a round trip, and its UTF-8
-// agrees with the C library's.
+// Every unit outside the surrogates: UTF-8 as the C library writes it, and back.
 TEST(UnicodeToUtf8, RoundTripsAndAgreesWithIconv) {
-  iconv_t cd = iconv_open("UTF-8", "UTF-16LE");
-  ASSERT_NE(cd, reinterpret_cast<iconv_t>(-1));
   for (uint32_t c = 0; c <= 0xFFFF; ++c) {
     if (c >= 0xD800 && c <= 0xDFFF) continue;
-    const uint16_t unit = static_cast<uint16_t>(c);
-    unsigned char utf8[4];
+    Units unit(1, static_cast<char16_t>(c)), back(1, 0);
+    std::string utf8(4, '\0');
     int32_t nunits = 0, nbytes = 0;
-    ASSERT_EQ(UNICODEToUTF8(&unit, 2, utf8, 4, &nunits, &nbytes), 0);
-    char reference[4];
-    char in[2] = {static_cast<char>(c & 0xFF), static_cast<char>(c >> 8)};
-    char *in_next = in, *out_next = reference;
-    size_t in_left = 2, out_left = 4;
-    ASSERT_NE(iconv(cd, &in_next, &in_left, &out_next, &out_left), static_cast<size_t>(-1));
-    ASSERT_EQ(std::string(reinterpret_cast<char *>(utf8), static_cast<size_t>(nbytes)),
-              std::string(reference, out_next))
-        << "unit " << c;
-    uint16_t back = 0;
-    ASSERT_EQ(UTF8ToUNICODE(utf8, nbytes, &back, 2, nullptr, nullptr), 0);
+    ASSERT_EQ(UNICODEToUTF8(units(unit), 2, reinterpret_cast<unsigned char *>(utf8.data()), 4, &nunits, &nbytes), 0);
+    utf8.resize(static_cast<std::size_t>(nbytes));
+    ASSERT_EQ(utf8, iconv_one("UTF-8", "UTF-16LE", {static_cast<char>(c & 0xFF), static_cast<char>(c >> 8)})) << c;
+    ASSERT_EQ(UTF8ToUNICODE(bytes(utf8), nbytes, units(back), 2, nullptr, nullptr), 0);
     ASSERT_EQ(back, unit);
   }
-  iconv_close(cd);
 }
+
+using Pairs = std::vector<std::pair<uint16_t, uint16_t>>;
+
+Pairs read_aux(const corvinel::locale::CasePair *aux) {
+  Pairs pairs;
+  for (; aux->from != 0; ++aux) pairs.emplace_back(aux->from, aux->to);
+  return pairs;
+}
+
+// The code points whose case difference does not fit a byte, and the blocks that have mappings.
+TEST(CaseTables, AuxListsAndBlocks) {
+  const Pairs upper = {
+      {0x017F, 0x0053}, {0x0253, 0x0181}, {0x0254, 0x0186}, {0x0257, 0x018A}, {0x0258, 0x018E}, {0x0259, 0x018F},
+      {0x025B, 0x0190}, {0x0260, 0x0193}, {0x0263, 0x0194}, {0x0268, 0x0197}, {0x0269, 0x0196}, {0x026F, 0x019C},
+      {0x0272, 0x019D}, {0x0283, 0x01A9}, {0x0288, 0x01AE}, {0x028A, 0x01B1}, {0x028B, 0x01B2}, {0x0292, 0x01B7},
+      {0x1F78, 0x1FF8}, {0x1F79, 0x1FF9}};
+  EXPECT_EQ(read_aux(corvinel::locale::skz_upaux), upper);
+  Pairs lower;  // the inverses, without S to long s
+  for (const auto &[from, to] : upper) {
+    if (from != 0x017F) lower.emplace_back(to, from);
+  }
+  std::sort(lower.begin(), lower.end());
+  EXPECT_EQ(read_aux(corvinel::locale::skz_downaux), lower);
+  std::vector<int> blocks;
+  for (int b = 0; b < 512; ++b) {
+    if (corvinel::locale::skz_metatable[b] >= 0) blocks.push_back(b);
+  }
+  EXPECT_EQ(blocks, (std::vector<int>{0, 1, 2, 3, 4, 5, 7, 8, 9, 10, 11, 33, 60, 61, 62, 63, 66, 73, 510}));
+}
+
+// Units, their upper and their lower case; mapped in place, only the given count.
+TEST(CaseMapping, MapsUnitsInPlace) {
+  const Units from = u"aS\u017F\u00FF\u0178\u00DF\u00B5\u0130\u01C5\u0253\u018E\u01DD\u03C2\u0401\u10A0\u1FF9\u2170\u24D0\uFF3A\u4E00\uFFFFq";
+  const Units upper = u"ASS\u0178\u0178\u00DF\u00B5\u0130\u01C4\u0181\u018E\u018E\u03A3\u0401\u10A0\u1FF9\u2160\u24B6\uFF3A\u4E00\uFFFFq";
+  const Units lower = u"as\u017F\u00FF\u00FF\u00DF\u00B5\u0130\u01C6\u0253\u0258\u01DD\u03C2\u0451\u10D0\u1F79\u2170\u24D0\uFF5A\u4E00\uFFFFq";
+  Units up = from, low = from;
+  UPCASE(units(up), static_cast<int32_t>(from.size() - 1));
+  LOWCASE(units(low), static_cast<int32_t>(from.size() - 1));
+  for (std::size_t i = 0; i < from.size(); ++i) {
+    EXPECT_EQ(up[i], upper[i]) << std::hex << "U+" << static_cast<int>(from[i]);
+    EXPECT_EQ(low[i], lower[i]) << std::hex << "U+" << static_cast<int>(from[i]);
+  }
+  LOWCASE(nullptr, 0);
+  // Upper- and lower-casing stay inverse wherever a pair is one-to-one.
+  for (uint32_t c = 0; c <= 0xFFFF; ++c) {
+    uint16_t upper_case = static_cast<uint16_t>(c);
+    UPCASE(&upper_case, 1);
+    if (upper_case == c) continue;
+    uint16_t again = upper_case;
+    LOWCASE(&again, 1);
+    UPCASE(&again, 1);
+    EXPECT_EQ(again, upper_case) << "U+" << std::hex << c;
+  }
+}
+
+struct Budget {
+  const char *what;
+  int32_t encid;
+  Units units;
+  uint32_t nbytes, expected;
+};
+
+void PrintTo(const Budget &c, std::ostream *os) { *os << c.what; }
+
+class Nlsnumchar : public ::testing::TestWithParam<Budget> {};
+
+TEST_P(Nlsnumchar, CountsUnitsThatFit) {
+  Budget c = GetParam();
+  EXPECT_EQ(NLSNUMCHAR(units(c.units), static_cast<uint32_t>(c.units.size()), c.encid, c.nbytes), c.expected);
+}
+
+const Units kMixed = u"a\u00E9\u20AC";           // 1, 2, 3 bytes in UTF-8
+const Units kShifted = u"A\u3042\u3044A";        // 1, 3, 2, 2 bytes when shifted
+const Units kDoubleByte = u"A\u3042\u00E9\x7F";  // 1, 2, 2, 1
+
+INSTANTIATE_TEST_SUITE_P(
+    Encodings, Nlsnumchar,
+    ::testing::Values(Budget{"utf8_stops_before_euro", 20, kMixed, 5, 2}, Budget{"utf8_exact", 20, kMixed, 6, 3},
+                      Budget{"utf8_none", 20, kMixed, 0, 0}, Budget{"utf8_second_id", 21, kMixed, 3, 2},
+                      Budget{"utf16_half_bytes", 25, kMixed, 5, 2}, Budget{"utf16_runs_out", 24, kMixed, 100, 3},
+                      Budget{"utf32_below_four", 26, kMixed, 3, 0}, Budget{"utf32", 27, kMixed, 9, 2},
+                      Budget{"shifted_open", 130, kShifted, 3, 1}, Budget{"shifted_in_run", 130, kShifted, 6, 3},
+                      Budget{"shifted_close", 130, kShifted, 8, 4}, Budget{"shifted_first_wide", 158, u"\u3042", 2, 0},
+                      Budget{"double_byte", 134, kDoubleByte, 4, 2}, Budget{"double_byte_all", 125, kDoubleByte, 6, 4},
+                      Budget{"single_byte", 29, kMixed, 2, 2}, Budget{"single_byte_runs_out", 62, kMixed, 9, 3},
+                      Budget{"id_out_of_range", 249, kMixed, 2, 2}, Budget{"negative_id", -1, kMixed, 1, 1},
+                      Budget{"no_units", 20, u"", 10, 0}));
 
 }  // namespace
