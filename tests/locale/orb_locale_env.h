@@ -11,28 +11,19 @@
 
 namespace corvinel::testing {
 
-// Sets (nullptr: unsets) ORB_LOCALE and puts the previous state back at the end of the scope.
-class ScopedOrbLocale {
- public:
-  explicit ScopedOrbLocale(const char *value) {
-    if (const char *old = std::getenv("ORB_LOCALE")) saved_ = old;
-    set(value);
-  }
-  ~ScopedOrbLocale() { set(saved_ ? saved_->c_str() : nullptr); }
+// Sets ORB_LOCALE (nullptr: unsets it) for one scope; unsets it at the end.
+struct ScopedOrbLocale {
+  explicit ScopedOrbLocale(const char *value) { (void)(value ? setenv("ORB_LOCALE", value, 1) : unsetenv("ORB_LOCALE")); }
+  ~ScopedOrbLocale() { unsetenv("ORB_LOCALE"); }
   ScopedOrbLocale(const ScopedOrbLocale &) = delete;
   ScopedOrbLocale &operator=(const ScopedOrbLocale &) = delete;
-
- private:
-  static void set(const char *value) { (void)(value ? setenv("ORB_LOCALE", value, 1) : unsetenv("ORB_LOCALE")); }
-  std::optional<std::string> saved_;
 };
 
 // An item read with getORBLocDB: its text, "" for an absent item, nullopt when the fetch fails.
 inline std::optional<std::string> locale_item(int32_t locale, int32_t item) {
   char buffer[CORVINEL_LOCALE_TEXT];
   const int32_t length = getORBLocDB(buffer, sizeof buffer, item, locale);
-  if (length < 0) return std::nullopt;
-  return std::string(buffer, static_cast<std::size_t>(length));
+  return length < 0 ? std::nullopt : std::optional<std::string>(std::string(buffer, static_cast<std::size_t>(length)));
 }
 
 // The 1-based locale number of the record named `name`, 0 if none.
