@@ -22,17 +22,13 @@
 #include "corvinel/locale_db.h"
 #include "corvinel/names.h"
 #include "locale/currency_index.h"
+#include "locale/orb_locale_env.h"
 
 namespace {
 
 using corvinel::locale::currency_record;
 using corvinel::locale::kCurrencyCodes;
-
-// Sets ORB_LOCALE (nullptr: unsets it) for one scope; unsets it at the end.
-struct ScopedOrbLocale {
-  explicit ScopedOrbLocale(const char *value) { (void)(value ? setenv("ORB_LOCALE", value, 1) : unsetenv("ORB_LOCALE")); }
-  ~ScopedOrbLocale() { unsetenv("ORB_LOCALE"); }
-};
+using corvinel::testing::ScopedOrbLocale;
 
 // An item read with getORBLocDB: its text, "" for an absent item, nullopt when the fetch fails.
 std::optional<std::string> locale_item(int32_t locale, int32_t item) {
@@ -90,11 +86,10 @@ constexpr DocumentedRun kDocumentedRuns[] = {
     {"Japanese_Japan", 71, "1<U6708>"}, {"Japanese_Japan", 114, "<U65E5><U66DC><U65E5>"},
     {"Japanese_Japan", 139, "<U7B2C>1<U56DB><U534A><U671F>"},
     {"Japanese_Japan", 151, "<U5348><U524D>|<U5348><U5F8C>|/|0|JPY|<UFFE5>|.|,|3"},
-    {"Japanese_Japan", 162, "0|0|1|0|1|0|1|1|<u00a4>#,##0|<U00A4>#,##0.#|.|,"},
-    {"Japanese_Japan", 182, "1|#,##0.###"}, {"Japanese_Japan", 185, "#,##0%|#,##0.#%|297|210"},
-    {"Arabic_Algeria", 4, "ar|DZ|YMD|A4"}, {"Arabic_Algeria", 28, "%d %B, %Y|%Y/%m/%d"},
-    {"Arabic_Algeria", 32, "%A<u060C> %e %B<u060C> %Y"}, {"Arabic_Algeria", 42, "%Y-W%U"},
-    {"Arabic_Algeria", 46, "%d %B, %Y %H:%M:%S"}, {"Arabic_Algeria", 53, "%H:%M:%S"},
+    {"Japanese_Japan", 162, "0|0|1|0|1|0|1|1|<u00a4>#,##0|<U00A4>#,##0.#|.|,"}, {"Japanese_Japan", 182, "1|#,##0.###"},
+    {"Japanese_Japan", 185, "#,##0%|#,##0.#%|297|210"}, {"Arabic_Algeria", 4, "ar|DZ|YMD|A4"},
+    {"Arabic_Algeria", 28, "%d %B, %Y|%Y/%m/%d"}, {"Arabic_Algeria", 32, "%A<u060C> %e %B<u060C> %Y"},
+    {"Arabic_Algeria", 42, "%Y-W%U"}, {"Arabic_Algeria", 46, "%d %B, %Y %H:%M:%S"}, {"Arabic_Algeria", 53, "%H:%M:%S"},
     {"Arabic_Algeria", 56, "%Z %I:%M:%S %p"}, {"Arabic_Algeria", 71, "<U064A><U0646><U0627><U064A><U0631>"},
     {"Arabic_Algeria", 114, "<U0627><U0644><U0623><U062D><U062F>"},
     {"Arabic_Algeria", 139, "<U0627><U0644><U0631><U0628><U0639> <U0627><U0644><U0623><U0648><U0644>"},
@@ -317,11 +312,6 @@ INSTANTIATE_TEST_SUITE_P(
                       CapacityCase{"item_below_range", kEnglish, -1, 10, -1}, CapacityCase{"item_above_range", kEnglish, 189, 10, -1},
                       CapacityCase{"no_record_leaves_zeros", 0, 0, 32, -1}));
 
-TEST(LocaleSelection, NullBufferOnlyTakesAbsentItems) {
-  EXPECT_EQ(getORBLocDB(nullptr, 0, 9, kEnglish), 0);
-  EXPECT_EQ(getORBLocDB(nullptr, 100, 0, kEnglish), -1);
-}
-
 constexpr uint64_t kReserved = 0x1234;
 
 // An item buffer with its symbol block, filled by `fetch`; fracdigits is left as it was but for currency patterns.
@@ -416,12 +406,13 @@ TEST(PatternSymbols, DocumentedConventions) {
   EXPECT_EQ(Fetch(fast_wzssglc, locale_number("Hindi_India"), 185).symbols.grouping, 2) << "the last digit of 3;2";
 }
 
-TEST(PatternSymbols, BadHandlesFailWithoutTouchingAnything) {
-  EXPECT_EQ(wzssglc(53, 0, nullptr), 1);
-  locbuf *none = nullptr;
-  EXPECT_EQ(wzssglc(53, 0, &none), 1);
+// A null buffer only takes an absent item; bad handles fail without touching anything.
+TEST(PatternSymbols, NullBuffersAndBadHandlesFail) {
+  EXPECT_EQ(getORBLocDB(nullptr, 0, 9, kEnglish), 0);
+  EXPECT_EQ(getORBLocDB(nullptr, 100, 0, kEnglish), -1);
   locbuf buffer{kReserved, 0, {}, nullptr};
-  locbuf *handle = &buffer;
+  locbuf *none = nullptr, *handle = &buffer;
+  EXPECT_EQ(wzssglc(53, 0, nullptr) + wzssglc(53, 0, &none), 2);
   EXPECT_EQ(wzssglc(53, 170, &handle), 1) << "a pattern item needs a symbol block";
   EXPECT_EQ(buffer.length, 33);
   EXPECT_EQ(buffer.reserved, kReserved);
