@@ -1,602 +1,421 @@
-// The compiled-in locale records: the documented values, the record order,
-// and the invariants every item keeps.
+// The locale database: the compiled-in records (the documented values, the
+// record order with the codes that select each record, the notation and
+// conventions of all items), the currency table, getORBLocDB's choice of
+// the record by number or by ORB_LOCALE and its copy into the caller's
+// buffer, and wzssglc's plain items and pattern conventions.
 
-#include <array>
-#include <cctype>
+#include <algorithm>
+#include <climits>
+#include <cstdlib>
 #include <cstring>
 #include <map>
+#include <optional>
 #include <ostream>
+#include <regex>
 #include <set>
 #include <string>
 #include <string_view>
 
 #include <gtest/gtest.h>
 
+#include "corvinel/currency.h"
 #include "corvinel/locale_db.h"
+#include "corvinel/names.h"
+#include "locale/currency_index.h"
 #include "locale/orb_locale_env.h"
 
 namespace {
 
-using corvinel::testing::locale_item;
-using corvinel::testing::locale_number;
+using corvinel::locale::currency_record;
+using corvinel::locale::kCurrencyCodes;
+using corvinel::testing::ScopedOrbLocale;
 
-constexpr const char *kAbsent = nullptr;
-
-struct DocumentedValue {
-  const char *record;
-  int item;
-  const char *text;  // kAbsent for an absent item
-};
-
-void PrintTo(const DocumentedValue &value, std::ostream *out) {
-  *out << value.record << " item " << value.item;
+// An item read with getORBLocDB: its text, "" for an absent item, nullopt when the fetch fails.
+std::optional<std::string> locale_item(int32_t locale, int32_t item) {
+  char buffer[CORVINEL_LOCALE_TEXT];
+  const int32_t length = getORBLocDB(buffer, sizeof buffer, item, locale);
+  return length < 0 ? std::nullopt : std::optional<std::string>(std::string(buffer, static_cast<std::size_t>(length)));
 }
 
-// The values the database documents for its telling records.
-constexpr DocumentedValue kDocumentedValues[] = {
-    {"English_UnitedStates", 0, "English_UnitedStates"},
-    {"English_UnitedStates", 1, "English"},
-    {"English_UnitedStates", 2, "en"},
-    {"English_UnitedStates", 3, "UnitedStates"},
-    {"English_UnitedStates", 4, "en"},
-    {"English_UnitedStates", 5, "US"},
-    {"English_UnitedStates", 6, "MDY"},
-    {"English_UnitedStates", 7, "LETTER"},
-    {"English_UnitedStates", 8, kAbsent},
-    {"English_UnitedStates", 9, kAbsent},
-    {"English_UnitedStates", 10, kAbsent},
-    {"English_UnitedStates", 11, kAbsent},
-    {"English_UnitedStates", 12, kAbsent},
-    {"English_UnitedStates", 13, "NLDATE16."},
-    {"English_UnitedStates", 14, "NLDATM24."},
-    {"English_UnitedStates", 15, "NLTIME8."},
-    {"English_UnitedStates", 16, "BEST12."},
-    {"English_UnitedStates", 17, "PERCENT12."},
-    {"English_UnitedStates", 18, "COMPLEX"},
-    {"English_UnitedStates", 28, "%B %d, %Y"},
-    {"English_UnitedStates", 29, "%m/%d/%Y"},
-    {"English_UnitedStates", 30, "%b %e, %Y"},
-    {"English_UnitedStates", 31, "%B %e, %Y"},
-    {"English_UnitedStates", 32, "%A, %B %e, %Y"},
-    {"English_UnitedStates", 33, "%a, %b %e, %Y"},
-    {"English_UnitedStates", 34, "%#B %Y"},
-    {"English_UnitedStates", 35, "%#b %Y"},
-    {"English_UnitedStates", 36, "%B %d"},
-    {"English_UnitedStates", 37, "%b %d"},
-    {"English_UnitedStates", 38, "%Y"},
-    {"English_UnitedStates", 39, "%y"},
-    {"English_UnitedStates", 40, "%Q %Y"},
-    {"English_UnitedStates", 41, "%q %Y"},
-    {"English_UnitedStates", 42, "Week %U %Y"},
-    {"English_UnitedStates", 43, "W%U %y"},
-    {"English_UnitedStates", 44, "%B %e, %Y %I:%M:%S %p"},
-    {"English_UnitedStates", 45, "%b %e, %Y %I:%M:%S %p"},
-    {"English_UnitedStates", 46, "%d%b%Y:%H:%M:%S"},
-    {"English_UnitedStates", 47, "%m/%d/%Y %I:%M:%S %p"},
-    {"English_UnitedStates", 48, "%b %e, %Y %I:%M:%S %p"},
-    {"English_UnitedStates", 49, "%B %e, %Y %I:%M:%S %p"},
-    {"English_UnitedStates", 50, "%A, %B %e, %Y %I:%M:%S %p"},
-    {"English_UnitedStates", 51, "%a, %b %e, %Y %I:%M:%S %p"},
-    {"English_UnitedStates", 52, "%I:%M:%S %p"},
-    {"English_UnitedStates", 53, "%H:%M:%S"},
-    {"English_UnitedStates", 54, "%I:%M %p"},
-    {"English_UnitedStates", 55, "%I:%M:%S %p"},
-    {"English_UnitedStates", 56, "%I:%M:%S %p %Z"},
-    {"English_UnitedStates", 57, "%I:%M:%S %p %Z"},
-    {"English_UnitedStates", 58, "%x %X"},
-    {"English_UnitedStates", 59, "Jan"},
-    {"English_UnitedStates", 71, "January"},
-    {"English_UnitedStates", 83, "Jan"},
-    {"English_UnitedStates", 95, "January"},
-    {"English_UnitedStates", 107, "Sun"},
-    {"English_UnitedStates", 114, "Sunday"},
-    {"English_UnitedStates", 121, "Sun"},
-    {"English_UnitedStates", 128, "Sunday"},
-    {"English_UnitedStates", 135, "Q1"},
-    {"English_UnitedStates", 139, "1st quarter"},
-    {"English_UnitedStates", 143, "Q1"},
-    {"English_UnitedStates", 147, "1st quarter"},
-    {"English_UnitedStates", 151, "AM"},
-    {"English_UnitedStates", 152, "PM"},
-    {"English_UnitedStates", 153, "/"},
-    {"English_UnitedStates", 154, "0"},
-    {"English_UnitedStates", 155, "USD"},
-    {"English_UnitedStates", 156, "$"},
-    {"English_UnitedStates", 157, "."},
-    {"English_UnitedStates", 158, ","},
-    {"English_UnitedStates", 159, "3"},
-    {"English_UnitedStates", 160, kAbsent},
-    {"English_UnitedStates", 161, "-"},
-    {"English_UnitedStates", 162, "2"},
-    {"English_UnitedStates", 163, "2"},
-    {"English_UnitedStates", 164, "1"},
-    {"English_UnitedStates", 165, "0"},
-    {"English_UnitedStates", 166, "1"},
-    {"English_UnitedStates", 167, "0"},
-    {"English_UnitedStates", 168, "1"},
-    {"English_UnitedStates", 169, "0"},
-    {"English_UnitedStates", 170, "<u00a4>#,##0.00;(<u00a4>#,##0.00)"},
-    {"English_UnitedStates", 171, "<U00A4>#,##0.#;(<U00A4>#,##0.#)"},
-    {"English_UnitedStates", 172, "."},
-    {"English_UnitedStates", 173, ","},
-    {"English_UnitedStates", 174, "3"},
-    {"English_UnitedStates", 175, kAbsent},
-    {"English_UnitedStates", 176, "-"},
-    {"English_UnitedStates", 177, "1"},
-    {"English_UnitedStates", 178, "0"},
-    {"English_UnitedStates", 179, "1"},
-    {"English_UnitedStates", 180, "0"},
-    {"English_UnitedStates", 181, "1"},
-    {"English_UnitedStates", 182, "1"},
-    {"English_UnitedStates", 183, "#,##0.###"},
-    {"English_UnitedStates", 184, "#,##0.#"},
-    {"English_UnitedStates", 185, "#,##0%"},
-    {"English_UnitedStates", 186, "#,##0.#%"},
-    {"English_UnitedStates", 187, "279"},
-    {"English_UnitedStates", 188, "216"},
+std::string text(int32_t locale, int32_t item) { return locale_item(locale, item).value_or("(failed)"); }
 
-    {"German_Germany", 4, "de"},
-    {"German_Germany", 5, "DE"},
-    {"German_Germany", 6, "DMY"},
-    {"German_Germany", 7, "A4"},
-    {"German_Germany", 28, "%d. %B %Y"},
-    {"German_Germany", 29, "%d.%m.%y"},
-    {"German_Germany", 32, "%A, %e. %B %Y"},
-    {"German_Germany", 42, "Week %V %G"},
-    {"German_Germany", 46, "%d. %B %Y %H.%M Uhr"},
-    {"German_Germany", 53, "%H.%M Uhr"},
-    {"German_Germany", 56, "%H:%M:%S %Z"},
-    {"German_Germany", 71, "Januar"},
-    {"German_Germany", 107, "So."},
-    {"German_Germany", 114, "Sonntag"},
-    {"German_Germany", 121, "So"},
-    {"German_Germany", 139, "1. Quartal"},
-    {"German_Germany", 151, "vorm."},
-    {"German_Germany", 152, "nachm."},
-    {"German_Germany", 153, "."},
-    {"German_Germany", 154, "1"},
-    {"German_Germany", 155, "EUR"},
-    {"German_Germany", 156, "<U20AC>"},
-    {"German_Germany", 157, ","},
-    {"German_Germany", 158, "."},
-    {"German_Germany", 159, "3"},
-    {"German_Germany", 162, "2"},
-    {"German_Germany", 163, "2"},
-    {"German_Germany", 164, "0"},
-    {"German_Germany", 165, "1"},
-    {"German_Germany", 166, "0"},
-    {"German_Germany", 167, "1"},
-    {"German_Germany", 168, "1"},
-    {"German_Germany", 169, "1"},
-    {"German_Germany", 170, "#.##0,00 <u00a4>"},
-    {"German_Germany", 171, "#,##0.# <U00A4>"},
-    {"German_Germany", 172, ","},
-    {"German_Germany", 173, "."},
-    {"German_Germany", 182, "1"},
-    {"German_Germany", 183, "#.##0,###"},
-    {"German_Germany", 185, "#.##0%"},
-    {"German_Germany", 186, "#,##0.# %"},
-    {"German_Germany", 187, "297"},
-    {"German_Germany", 188, "210"},
+// The 1-based locale number of the record named `name`, 0 if none.
+int32_t locale_number(const std::string &name) {
+  for (int32_t n = 1; n <= CORVINEL_LOCALE_RECORDS; ++n) {
+    if (text(n, 0) == name) return n;
+  }
+  return 0;
+}
 
-    {"Japanese_Japan", 4, "ja"},
-    {"Japanese_Japan", 5, "JP"},
-    {"Japanese_Japan", 6, "YMD"},
-    {"Japanese_Japan", 7, "A4"},
-    {"Japanese_Japan", 28, "%Y<U5E74>%m<U6708>%d<U65E5>"},
-    {"Japanese_Japan", 29, "%Y/%m/%d"},
-    {"Japanese_Japan", 32, "%Y<u5E74>%o<u6708>%e<u65E5> %A"},
-    {"Japanese_Japan", 42, "%Y-W%U"},
+// Consecutive items of one record from `first` on, separated by "|"; an
+// empty text stands for an absent item (present items are never empty).
+struct DocumentedRun {
+  const char *record;
+  int first;
+  const char *texts;
+};
+
+void PrintTo(const DocumentedRun &run, std::ostream *out) { *out << run.record << " item " << run.first; }
+
+constexpr DocumentedRun kDocumentedRuns[] = {
+    {"English_UnitedStates", 0, "English_UnitedStates|English|en|UnitedStates|en|US"},
+    {"English_UnitedStates", 6, "MDY|LETTER||||||NLDATE16.|NLDATM24.|NLTIME8.|BEST12.|PERCENT12.|COMPLEX"},
+    {"English_UnitedStates", 28, "%B %d, %Y|%m/%d/%Y|%b %e, %Y|%B %e, %Y|%A, %B %e, %Y|%a, %b %e, %Y"},
+    {"English_UnitedStates", 34, "%#B %Y|%#b %Y|%B %d|%b %d|%Y|%y|%Q %Y|%q %Y|Week %U %Y|W%U %y"},
+    {"English_UnitedStates", 44, "%B %e, %Y %I:%M:%S %p|%b %e, %Y %I:%M:%S %p|%d%b%Y:%H:%M:%S|%m/%d/%Y %I:%M:%S %p"},
+    {"English_UnitedStates", 48, "%b %e, %Y %I:%M:%S %p|%B %e, %Y %I:%M:%S %p|%A, %B %e, %Y %I:%M:%S %p"},
+    {"English_UnitedStates", 51, "%a, %b %e, %Y %I:%M:%S %p|%I:%M:%S %p|%H:%M:%S|%I:%M %p|%I:%M:%S %p"},
+    {"English_UnitedStates", 56, "%I:%M:%S %p %Z|%I:%M:%S %p %Z|%x %X|Jan"}, {"English_UnitedStates", 71, "January"},
+    {"English_UnitedStates", 95, "January"}, {"English_UnitedStates", 114, "Sunday"},
+    {"English_UnitedStates", 135, "Q1"}, {"English_UnitedStates", 139, "1st quarter"},
+    {"English_UnitedStates", 151, "AM|PM|/|0|USD|$|.|,|3||-|2|2|1|0|1|0|1|0"},
+    {"English_UnitedStates", 170, "<u00a4>#,##0.00;(<u00a4>#,##0.00)|<U00A4>#,##0.#;(<U00A4>#,##0.#)|.|,|3||-"},
+    {"English_UnitedStates", 177, "1|0|1|0|1|1|#,##0.###|#,##0.#|#,##0%|#,##0.#%|279|216"},
+    {"German_Germany", 4, "de|DE|DMY|A4"}, {"German_Germany", 28, "%d. %B %Y|%d.%m.%y"},
+    {"German_Germany", 32, "%A, %e. %B %Y"}, {"German_Germany", 42, "Week %V %G"},
+    {"German_Germany", 46, "%d. %B %Y %H.%M Uhr"}, {"German_Germany", 53, "%H.%M Uhr"},
+    {"German_Germany", 56, "%H:%M:%S %Z"}, {"German_Germany", 71, "Januar"}, {"German_Germany", 107, "So."},
+    {"German_Germany", 114, "Sonntag"}, {"German_Germany", 121, "So"}, {"German_Germany", 139, "1. Quartal"},
+    {"German_Germany", 151, "vorm.|nachm.|.|1|EUR|<U20AC>|,|.|3"},
+    {"German_Germany", 162, "2|2|0|1|0|1|1|1|#.##0,00 <u00a4>|#,##0.# <U00A4>|,|."},
+    {"German_Germany", 182, "1|#.##0,###"}, {"German_Germany", 185, "#.##0%|#,##0.# %|297|210"},
+    {"Japanese_Japan", 4, "ja|JP|YMD|A4"}, {"Japanese_Japan", 28, "%Y<U5E74>%m<U6708>%d<U65E5>|%Y/%m/%d"},
+    {"Japanese_Japan", 32, "%Y<u5E74>%o<u6708>%e<u65E5> %A"}, {"Japanese_Japan", 42, "%Y-W%U"},
     {"Japanese_Japan", 46, "%Y<U5E74>%m<U6708>%d<U65E5> %H<U6642>%M<U5206>%S<U79D2>"},
-    {"Japanese_Japan", 53, "%H<U6642>%M<U5206>%S<U79D2>"},
-    {"Japanese_Japan", 56, "%H:%M:%S %Z"},
-    {"Japanese_Japan", 71, "1<U6708>"},
-    {"Japanese_Japan", 114, "<U65E5><U66DC><U65E5>"},
+    {"Japanese_Japan", 53, "%H<U6642>%M<U5206>%S<U79D2>"}, {"Japanese_Japan", 56, "%H:%M:%S %Z"},
+    {"Japanese_Japan", 71, "1<U6708>"}, {"Japanese_Japan", 114, "<U65E5><U66DC><U65E5>"},
     {"Japanese_Japan", 139, "<U7B2C>1<U56DB><U534A><U671F>"},
-    {"Japanese_Japan", 151, "<U5348><U524D>"},
-    {"Japanese_Japan", 152, "<U5348><U5F8C>"},
-    {"Japanese_Japan", 153, "/"},
-    {"Japanese_Japan", 154, "0"},
-    {"Japanese_Japan", 155, "JPY"},
-    {"Japanese_Japan", 156, "<UFFE5>"},
-    {"Japanese_Japan", 157, "."},
-    {"Japanese_Japan", 158, ","},
-    {"Japanese_Japan", 159, "3"},
-    {"Japanese_Japan", 162, "0"},
-    {"Japanese_Japan", 163, "0"},
-    {"Japanese_Japan", 164, "1"},
-    {"Japanese_Japan", 165, "0"},
-    {"Japanese_Japan", 166, "1"},
-    {"Japanese_Japan", 167, "0"},
-    {"Japanese_Japan", 168, "1"},
-    {"Japanese_Japan", 169, "1"},
-    {"Japanese_Japan", 170, "<u00a4>#,##0"},
-    {"Japanese_Japan", 171, "<U00A4>#,##0.#"},
-    {"Japanese_Japan", 172, "."},
-    {"Japanese_Japan", 173, ","},
-    {"Japanese_Japan", 182, "1"},
-    {"Japanese_Japan", 183, "#,##0.###"},
-    {"Japanese_Japan", 185, "#,##0%"},
-    {"Japanese_Japan", 186, "#,##0.#%"},
-    {"Japanese_Japan", 187, "297"},
-    {"Japanese_Japan", 188, "210"},
-
-    {"Arabic_Algeria", 4, "ar"},
-    {"Arabic_Algeria", 5, "DZ"},
-    {"Arabic_Algeria", 6, "YMD"},
-    {"Arabic_Algeria", 7, "A4"},
-    {"Arabic_Algeria", 28, "%d %B, %Y"},
-    {"Arabic_Algeria", 29, "%Y/%m/%d"},
-    {"Arabic_Algeria", 32, "%A<u060C> %e %B<u060C> %Y"},
-    {"Arabic_Algeria", 42, "%Y-W%U"},
-    {"Arabic_Algeria", 46, "%d %B, %Y %H:%M:%S"},
-    {"Arabic_Algeria", 53, "%H:%M:%S"},
-    {"Arabic_Algeria", 56, "%Z %I:%M:%S %p"},
-    {"Arabic_Algeria", 71, "<U064A><U0646><U0627><U064A><U0631>"},
+    {"Japanese_Japan", 151, "<U5348><U524D>|<U5348><U5F8C>|/|0|JPY|<UFFE5>|.|,|3"},
+    {"Japanese_Japan", 162, "0|0|1|0|1|0|1|1|<u00a4>#,##0|<U00A4>#,##0.#|.|,"}, {"Japanese_Japan", 182, "1|#,##0.###"},
+    {"Japanese_Japan", 185, "#,##0%|#,##0.#%|297|210"}, {"Arabic_Algeria", 4, "ar|DZ|YMD|A4"},
+    {"Arabic_Algeria", 28, "%d %B, %Y|%Y/%m/%d"}, {"Arabic_Algeria", 32, "%A<u060C> %e %B<u060C> %Y"},
+    {"Arabic_Algeria", 42, "%Y-W%U"}, {"Arabic_Algeria", 46, "%d %B, %Y %H:%M:%S"}, {"Arabic_Algeria", 53, "%H:%M:%S"},
+    {"Arabic_Algeria", 56, "%Z %I:%M:%S %p"}, {"Arabic_Algeria", 71, "<U064A><U0646><U0627><U064A><U0631>"},
     {"Arabic_Algeria", 114, "<U0627><U0644><U0623><U062D><U062F>"},
     {"Arabic_Algeria", 139, "<U0627><U0644><U0631><U0628><U0639> <U0627><U0644><U0623><U0648><U0644>"},
-    {"Arabic_Algeria", 151, "<U0635>"},
-    {"Arabic_Algeria", 152, "<U0645>"},
-    {"Arabic_Algeria", 153, "/"},
-    {"Arabic_Algeria", 154, "6"},
-    {"Arabic_Algeria", 155, "DZD"},
-    {"Arabic_Algeria", 156, "<U062F>.<U062C>.<U200F>"},
-    {"Arabic_Algeria", 157, ","},
-    {"Arabic_Algeria", 158, "."},
-    {"Arabic_Algeria", 159, "3"},
-    {"Arabic_Algeria", 162, "2"},
-    {"Arabic_Algeria", 163, "2"},
-    {"Arabic_Algeria", 164, "1"},
-    {"Arabic_Algeria", 165, "1"},
-    {"Arabic_Algeria", 166, "1"},
-    {"Arabic_Algeria", 167, "1"},
-    {"Arabic_Algeria", 168, "1"},
-    {"Arabic_Algeria", 169, "2"},
-    {"Arabic_Algeria", 170, "<u00a4> #,##0.00;<u00a4> #,##0.00-"},
-    {"Arabic_Algeria", 171, "<U00A4> #,##0.#;<U00A4> #,##0.#-"},
-    {"Arabic_Algeria", 172, ","},
-    {"Arabic_Algeria", 173, "."},
-    {"Arabic_Algeria", 182, "2"},
-    {"Arabic_Algeria", 183, "#,##0.###;#,##0.###-"},
-    {"Arabic_Algeria", 185, "#,##0%"},
-    {"Arabic_Algeria", 186, "#,##0.#%"},
-    {"Arabic_Algeria", 187, "297"},
-    {"Arabic_Algeria", 188, "210"},
-
-    {"Polish_Poland", 71, "stycznia"},
-    {"Polish_Poland", 95, "stycze<U0144>"},
-    {"Czech_CzechRepublic", 71, "ledna"},
-    {"Czech_CzechRepublic", 95, "leden"},
-    {"Italian_Italy", 71, "gennaio"},
-    {"Italian_Italy", 95, "Gennaio"},
-    {"Hungarian_Hungary", 139, "I. negyed<U00E9>v"},
-    {"Hungarian_Hungary", 147, "1. negyed<U00E9>v"},
-
-    {"Polish_XX", 4, "pl"},
-    {"Polish_XX", 5, "XX"},
-    {"Polish_XX", 155, "PLN"},
-    {"Polish_XX", 156, "z<U0142>"},
-    {"Polish_XX", 183, "#<u00a0>##0,###"},
-    {"Chinese_XX", 4, "zh"},
-    {"Chinese_XX", 5, "XX"},
-    {"Chinese_XX", 29, "%y-%m-%d"},
-
-    {"Chinese_HongKong", 2, "zt"},
-    {"Chinese_HongKong", 4, "zh"},
-    {"Chinese_Macau", 2, "zt"},
-    {"Chinese_Macau", 4, "zh"},
-    {"Chinese_Taiwan", 2, "zt"},
-    {"Chinese_Taiwan", 4, "zh"},
-    {"Chinese_China", 2, "zh"},
+    {"Arabic_Algeria", 151, "<U0635>|<U0645>|/|6|DZD|<U062F>.<U062C>.<U200F>|,|.|3"},
+    {"Arabic_Algeria", 162, "2|2|1|1|1|1|1|2|<u00a4> #,##0.00;<u00a4> #,##0.00-|<U00A4> #,##0.#;<U00A4> #,##0.#-|,|."},
+    {"Arabic_Algeria", 182, "2|#,##0.###;#,##0.###-"}, {"Arabic_Algeria", 185, "#,##0%|#,##0.#%|297|210"},
+    {"Polish_Poland", 71, "stycznia"}, {"Polish_Poland", 95, "stycze<U0144>"}, {"Czech_CzechRepublic", 71, "ledna"},
+    {"Czech_CzechRepublic", 95, "leden"}, {"Italian_Italy", 71, "gennaio"}, {"Italian_Italy", 95, "Gennaio"},
+    {"Hungarian_Hungary", 139, "I. negyed<U00E9>v"}, {"Hungarian_Hungary", 147, "1. negyed<U00E9>v"},
+    {"Polish_XX", 4, "pl|XX"}, {"Polish_XX", 155, "PLN|z<U0142>"}, {"Polish_XX", 183, "#<u00a0>##0,###"},
+    {"Chinese_XX", 4, "zh|XX"}, {"Chinese_XX", 29, "%y-%m-%d"},
 };
 
-class DocumentedValues : public ::testing::TestWithParam<DocumentedValue> {};
+class DocumentedValues : public ::testing::TestWithParam<DocumentedRun> {};
 
 TEST_P(DocumentedValues, ReadBackThroughGetORBLocDB) {
-  const DocumentedValue &value = GetParam();
-  const int32_t locale = locale_number(value.record);
-  ASSERT_NE(locale, 0) << "no record " << value.record;
-  const locitem &stored = ORBlocaleData[locale - 1][value.item];
-  if (value.text == kAbsent) {
-    EXPECT_EQ(stored.length, 0);
-    EXPECT_EQ(stored.text, nullptr);
-    EXPECT_EQ(locale_item(locale, value.item), "");
-  } else {
-    EXPECT_EQ(locale_item(locale, value.item), value.text);
+  const DocumentedRun &run = GetParam();
+  const int32_t locale = locale_number(run.record);
+  ASSERT_NE(locale, 0) << "no record " << run.record;
+  const std::string_view texts = run.texts;
+  for (std::size_t start = 0, item = run.first;; ++item) {
+    const std::size_t end = texts.find('|', start);
+    EXPECT_EQ(locale_item(locale, item), std::string(texts.substr(start, end - start))) << "item " << item;
+    if (end == std::string_view::npos) break;
+    start = end + 1;
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(LocaleDb, DocumentedValues, ::testing::ValuesIn(kDocumentedValues));
+INSTANTIATE_TEST_SUITE_P(LocaleDb, DocumentedValues, ::testing::ValuesIn(kDocumentedRuns));
 
-// The records in their fixed order, each with the locale codes that name
-// it (the first pair is the record's own items 4 and 5).
-struct RecordNames {
-  const char *name;
-  std::array<const char *, 3> codes;
-};
-constexpr RecordNames kRecords[CORVINEL_LOCALE_RECORDS] = {
-    {"Afrikaans_SouthAfrica", {"af_ZA"}},   {"Albanian_Albania", {"sq_AL"}},
-    {"Arabic_Algeria", {"ar_DZ"}},          {"Arabic_Bahrain", {"ar_BH"}},
-    {"Arabic_Egypt", {"ar_EG"}},            {"Arabic_India", {"ar_IN"}},
-    {"Arabic_Iraq", {"ar_IQ"}},             {"Arabic_Jordan", {"ar_JO"}},
-    {"Arabic_Kuwait", {"ar_KW"}},           {"Arabic_Lebanon", {"ar_LB"}},
-    {"Arabic_Libya", {"ar_LY"}},            {"Arabic_Morocco", {"ar_MA"}},
-    {"Arabic_Oman", {"ar_OM"}},             {"Arabic_Qatar", {"ar_QA"}},
-    {"Arabic_SaudiArabia", {"ar_SA"}},      {"Arabic_Sudan", {"ar_SD"}},
-    {"Arabic_Syria", {"ar_SY"}},            {"Arabic_Tunisia", {"ar_TN"}},
-    {"Arabic_UnitedArabEmirates", {"ar_AE"}}, {"Arabic_Yemen", {"ar_YE"}},
-    {"Bengali_India", {"bn_IN"}},           {"Bosnian_BosniaHerzegovina", {"bs_BA"}},
-    {"Bulgarian_Bulgaria", {"bg_BG"}},      {"Belarusian_Belarus", {"be_BY"}},
-    {"Catalan_Spain", {"ca_ES"}},           {"Chinese_China", {"zh_CN"}},
-    {"Chinese_HongKong", {"zh_HK"}},        {"Chinese_Macau", {"zh_MO"}},
-    {"Chinese_Singapore", {"zh_SG"}},       {"Chinese_Taiwan", {"zh_TW"}},
-    {"Cornish_UnitedKingdom", {"kw_GB"}},   {"Croatian_BosniaHerzegovina", {"hr_BA"}},
-    {"Croatian_Croatia", {"hr_HR"}},        {"Czech_CzechRepublic", {"cs_CZ"}},
-    {"Danish_Denmark", {"da_DK"}},          {"Dutch_Belgium", {"nl_BE"}},
-    {"Dutch_Netherlands", {"nl_NL"}},       {"English_Australia", {"en_AU"}},
-    {"English_Belgium", {"en_BE"}},         {"English_Botswana", {"en_BW"}},
-    {"English_Canada", {"en_CA"}},          {"English_Caribbean", {"en_CB"}},
-    {"English_HongKong", {"en_HK"}},        {"English_India", {"en_IN"}},
-    {"English_Ireland", {"en_IE"}},         {"English_Jamaica", {"en_JM"}},
-    {"English_Malta", {"en_MT"}},           {"English_NewZealand", {"en_NZ"}},
-    {"English_Philippines", {"en_PH"}},     {"English_Singapore", {"en_SG"}},
-    {"English_SouthAfrica", {"en_ZA"}},     {"English_UnitedKingdom", {"en_GB"}},
-    {"English_UnitedStates", {"en_US"}},    {"English_Zimbabwe", {"en_ZW"}},
-    {"Estonian_Estonia", {"et_EE"}},        {"Faeroese_FaroeIsland", {"fo_FO"}},
-    {"Finnish_Finland", {"fi_FI"}},         {"French_Belgium", {"fr_BE"}},
-    {"French_Canada", {"fr_CA"}},           {"French_France", {"fr_FR"}},
-    {"French_Luxembourg", {"fr_LU"}},       {"French_Switzerland", {"fr_CH"}},
-    {"German_Austria", {"de_AT"}},          {"German_Germany", {"de_DE"}},
-    {"German_Liechtenstein", {"de_LI"}},    {"German_Luxembourg", {"de_LU"}},
-    {"German_Switzerland", {"de_CH"}},      {"Greek_Cyprus", {"el_CY"}},
-    {"Greek_Greece", {"el_GR"}},            {"Greenlandic_Greenland", {"kl_GL"}},
-    {"Hebrew_Israel", {"he_IL", "iw_IL"}},  {"Hindi_India", {"hi_IN"}},
-    {"Hungarian_Hungary", {"hu_HU"}},       {"Icelandic_Iceland", {"is_IS"}},
-    {"Indonesian_Indonesia", {"id_ID"}},    {"Irish_Ireland", {"ga_IE"}},
-    {"Italian_Italy", {"it_IT"}},           {"Italian_Switzerland", {"it_CH"}},
-    {"Japanese_Japan", {"ja_JP"}},          {"Korean_SouthKorea", {"ko_KR"}},
-    {"Latvian_Latvia", {"lv_LV"}},          {"Lithuanian_Lithuania", {"lt_LT"}},
-    {"Macedonian_Macedonia", {"mk_MK"}},    {"Malay_Malaysia", {"ms_MY"}},
-    {"Maltese_Malta", {"mt_MT"}},           {"Basque_Spain", {"eu_ES"}},
-    {"Marathi_India", {"mr_IN"}},           {"NorwegianBokmal_Norway", {"nb_NO"}},
-    {"NorwegianNynorsk_Norway", {"nn_NO"}}, {"Norwegian_Norway", {"no_NO"}},
-    {"Persian_India", {"fa_IN"}},           {"Persian_Iran", {"fa_IR"}},
-    {"Polish_Poland", {"pl_PL"}},           {"Portuguese_Brazil", {"pt_BR"}},
-    {"Portuguese_Portugal", {"pt_PT"}},     {"Romanian_Romania", {"ro_RO"}},
-    {"Russian_Russia", {"ru_RU"}},          {"Russian_Ukraine", {"ru_UA"}},
-    {"Serbian_BosniaHerzegovina", {"sr_BA"}}, {"Serbian_Montenegro", {"sr_ME"}},
-    {"Serbian_Serbia", {"sr_RS", "sr_CS"}}, {"Kazakh_Kazakhstan", {"kk_KZ"}},
-    {"SerbianLatin_BosniaHerzegovina", {"sh_BA"}}, {"SerbianLatin_Montenegro", {"sh_ME"}},
-    {"SerbianLatin_Serbia", {"sh_RS", "sh_CS", "sh_YU"}}, {"Slovak_Slovakia", {"sk_SK"}},
-    {"Slovenian_Slovenia", {"sl_SI"}},      {"Spanish_Argentina", {"es_AR"}},
-    {"Spanish_Bolivia", {"es_BO"}},         {"Spanish_Chile", {"es_CL"}},
-    {"Spanish_Colombia", {"es_CO"}},        {"Spanish_CostaRica", {"es_CR"}},
-    {"Spanish_DominicanRepublic", {"es_DO"}}, {"Spanish_Ecuador", {"es_EC"}},
-    {"Spanish_ElSalvador", {"es_SV"}},      {"Spanish_Guatemala", {"es_GT"}},
-    {"Spanish_Honduras", {"es_HN"}},        {"Spanish_Mexico", {"es_MX"}},
-    {"Spanish_Nicaragua", {"es_NI"}},       {"Spanish_Panama", {"es_PA"}},
-    {"Spanish_Paraguay", {"es_PY"}},        {"Spanish_Peru", {"es_PE"}},
-    {"Spanish_PuertoRico", {"es_PR"}},      {"Spanish_Spain", {"es_ES"}},
-    {"Spanish_UnitedStates", {"es_US"}},    {"Spanish_Uruguay", {"es_UY"}},
-    {"Spanish_Venezuela", {"es_VE"}},       {"Swedish_Sweden", {"sv_SE"}},
-    {"Tamil_India", {"ta_IN"}},             {"Telugu_India", {"te_IN"}},
-    {"Thai_Thailand", {"th_TH"}},           {"Turkish_Turkey", {"tr_TR"}},
-    {"Ukrainian_Ukraine", {"uk_UA"}},       {"Vietnamese_Vietnam", {"vi_VN"}},
-    {"Polish_XX", {"pl_XX"}},               {"Chinese_XX", {"zh_XX"}},
-};
-
-std::string item_text(int record, int item) {
-  const locitem &stored = ORBlocaleData[record][item];
-  return stored.text == nullptr ? std::string() : std::string(stored.text, stored.length);
+uint32_t code_number(std::string code) {
+  uint32_t id = 0;
+  EXPECT_EQ(LocnameToID(code.data(), 5, &id), 0) << code;
+  return id;
 }
 
-TEST(LocaleRecords, FollowTheFixedOrderWithTheirNamesAndCodes) {
-  for (int r = 0; r < CORVINEL_LOCALE_RECORDS; ++r) {
-    SCOPED_TRACE(kRecords[r].name);
-    const std::string name = kRecords[r].name;
-    const std::string code = kRecords[r].codes[0];
-    EXPECT_EQ(item_text(r, 0), name);
-    EXPECT_EQ(item_text(r, 1), name.substr(0, name.find('_')));
-    EXPECT_EQ(item_text(r, 3), name.substr(name.find('_') + 1));
-    EXPECT_EQ(item_text(r, 4), code.substr(0, 2));
-    EXPECT_EQ(item_text(r, 5), code.substr(3, 2));
-  }
-}
-
-TEST(LocaleRecords, EveryLocaleCodeSelectsItsRecord) {
-  for (int r = 0; r < CORVINEL_LOCALE_RECORDS; ++r) {
-    for (const char *code : kRecords[r].codes) {
-      if (code == nullptr) continue;
-      SCOPED_TRACE(code);
-      corvinel::testing::ScopedOrbLocale locale(code);
-      const bool own_code = code == kRecords[r].codes[0];
-      // Alternative codes (iw, CS, YU) belong to the name lookup only.
-      EXPECT_EQ(locale_item(0, 0), own_code ? std::optional<std::string>(kRecords[r].name) : std::nullopt);
-    }
-  }
-}
-
-TEST(LocaleRecords, SecondaryLanguageIsZtOnlyForTraditionalChinese) {
+// The records in their fixed order: each answers to its language and country
+// code, by the number of the code in the name lookup and in ORB_LOCALE; the
+// alternative codes answer in the name lookup only.
+TEST(LocaleRecords, FollowTheFixedOrderAndAnswerToTheirCodes) {
   const std::set<std::string> traditional = {"Chinese_HongKong", "Chinese_Macau", "Chinese_Taiwan"};
-  for (int r = 0; r < CORVINEL_LOCALE_RECORDS; ++r) {
-    SCOPED_TRACE(kRecords[r].name);
-    EXPECT_EQ(item_text(r, 2), traditional.contains(kRecords[r].name) ? "zt" : item_text(r, 4));
+  for (int32_t n = 1; n <= CORVINEL_LOCALE_RECORDS; ++n) {
+    const std::string name = text(n, 0), code = text(n, 4) + "_" + text(n, 5);
+    SCOPED_TRACE(name);
+    EXPECT_EQ(text(n, 1) + "_" + text(n, 3), name);
+    EXPECT_EQ(text(n, 2), traditional.contains(name) ? "zt" : text(n, 4));
+    EXPECT_EQ(code_number(code), static_cast<uint32_t>(n));
+    ScopedOrbLocale environment(code.c_str());
+    EXPECT_EQ(locale_item(0, 0), name);
+  }
+  for (const auto &[code, number] : std::map<std::string, uint32_t>{
+           {"iw_IL", 71}, {"sr_CS", 101}, {"sh_CS", 105}, {"sh_YU", 105}}) {
+    EXPECT_EQ(code_number(code), number);
+    ScopedOrbLocale environment(code.c_str());
+    EXPECT_EQ(locale_item(0, 0), std::nullopt) << code;
   }
 }
 
-// Items whose escapes may use the lower-case letter u.
 bool lower_case_escape_allowed(int item) {
   return (item >= 28 && item <= 35) || (item >= 44 && item <= 51) || item == 56 || item == 57 ||
-         (item >= 59 && item <= 82) || (item >= 107 && item <= 120) || item == 170 || item == 183 ||
-         item == 185;
+         (item >= 59 && item <= 82) || (item >= 107 && item <= 120) || item == 170 || item == 183 || item == 185;
 }
 
-bool is_hex(char c) { return std::isxdigit(static_cast<unsigned char>(c)) != 0; }
+// The order of the parts of a short date pattern and the mark after the first part.
+std::pair<std::string, std::string> date_shape(const std::string &pattern) {
+  std::string order, between;
+  for (std::size_t i = 0; i < pattern.size(); ++i) {
+    if (pattern[i] != '%' || i + 1 == pattern.size()) {
+      if (order.size() == 1 && pattern[i] != ' ') between.push_back(pattern[i]);
+      continue;
+    }
+    const char d = pattern[++i];
+    const char part = d == 'd' || d == 'e' ? 'D' : std::strchr("mobB", d) ? 'M' : d == 'y' || d == 'Y' ? 'Y' : 0;
+    if (part != 0) order.push_back(part);
+  }
+  return {order, between};
+}
 
-TEST(LocaleItems, AreShortPrintableAsciiWithWellFormedEscapes) {
-  for (int r = 0; r < CORVINEL_LOCALE_RECORDS; ++r) {
+bool is_number(const std::string &t) { return !t.empty() && t.find_first_not_of("0123456789") == std::string::npos; }
+
+// Texts: short printable ASCII whose escapes are complete, lower-case ones only where the data has them;
+// coded items with their values; the conventions every record keeps.
+TEST(LocaleRecords, ItemsKeepTheirNotationAndConventions) {
+  const std::regex notation("(?:[\\x20-\\x3B\\x3D-\\x7E]|<[Uu][0-9A-Fa-f]{4}>|<(?![Uu]))*");
+  const std::set<std::string> positions = {"0", "1", "2", "3", "4"};
+  const std::map<int, std::set<std::string>> values = {
+      {6, {"DMY", "MDY", "YMD"}}, {7, {"A4", "LETTER"}}, {153, {"/", ".", "-"}}, {154, {"0", "1", "6"}},
+      {159, {"3", "3;2", "0"}},   {174, {"3", "3;2", "0"}}, {168, positions},    {169, positions},
+      {181, positions},           {182, positions},
+      {12, {"", "cs", "de", "es", "fr", "hu", "it", "ja", "ko", "pl", "ru", "sv", "zh", "zt"}},
+      {42, {"Week %U %Y", "Week %W %Y", "Week %V %G", "%Y-W%U", "%G-W%V", "%Y-W%W"}}};
+  std::map<std::string, int> counts;  // by "item=value"
+  std::set<std::string> pairs;
+  for (int32_t n = 1; n <= CORVINEL_LOCALE_RECORDS; ++n) {
+    SCOPED_TRACE(text(n, 0));
     for (int item = 0; item < CORVINEL_LOCALE_ITEMS; ++item) {
-      const locitem &stored = ORBlocaleData[r][item];
-      SCOPED_TRACE(std::string(kRecords[r].name) + " item " + std::to_string(item));
-      if (stored.text == nullptr) {
-        EXPECT_EQ(stored.length, 0);
-        continue;
-      }
-      ASSERT_GT(stored.length, 0) << "present items are not empty";
-      ASSERT_LE(stored.length, 159);
-      const std::string_view text(stored.text, static_cast<std::size_t>(stored.length));
-      EXPECT_EQ(std::strlen(stored.text), text.size()) << "length and terminator agree";
-      for (std::size_t i = 0; i < text.size(); ++i) {
-        const char c = text[i];
-        ASSERT_TRUE(c >= 0x20 && c < 0x7F) << "byte " << i;
-        if (c != '<' || i + 1 >= text.size() || (text[i + 1] != 'U' && text[i + 1] != 'u')) continue;
-        ASSERT_LE(i + 7, text.size()) << "escape cut short at " << i;
-        EXPECT_TRUE(is_hex(text[i + 2]) && is_hex(text[i + 3]) && is_hex(text[i + 4]) && is_hex(text[i + 5]) &&
-                    text[i + 6] == '>')
-            << "malformed escape at " << i;
-        if (text[i + 1] == 'u') { EXPECT_TRUE(lower_case_escape_allowed(item)) << "lower-case escape"; }
-      }
+      const locitem &stored = ORBlocaleData[n - 1][item];
+      const std::string t = stored.text ? stored.text : "";
+      EXPECT_TRUE(stored.text ? stored.length > 0 && stored.length <= 159 && t.size() == std::size_t(stored.length)
+                              : stored.length == 0) << item;
+      EXPECT_TRUE(std::regex_match(t, notation) && (t.find("<u") == std::string::npos || lower_case_escape_allowed(item)))
+          << item << ": " << t;
     }
-  }
-}
-
-TEST(LocaleItems, SharedConventionsAreTheSameInEveryRecord) {
-  const std::map<int, const char *> shared = {
-      {9, nullptr},          {11, nullptr},        {13, "NLDATE16."},  {14, "NLDATM24."},
-      {15, "NLTIME8."},      {16, "BEST12."},      {17, "PERCENT12."},
-  };
-  for (int r = 0; r < CORVINEL_LOCALE_RECORDS; ++r) {
-    SCOPED_TRACE(kRecords[r].name);
-    for (const auto &[item, text] : shared) {
-      const locitem &stored = ORBlocaleData[r][item];
-      if (text == nullptr) {
-        EXPECT_EQ(stored.text, nullptr) << item;
-        EXPECT_EQ(stored.length, 0) << item;
-      } else {
-        EXPECT_EQ(item_text(r, item), text) << item;
-      }
+    for (const auto &[item, allowed] : values) {
+      EXPECT_TRUE(allowed.contains(text(n, item))) << item;
+      ++counts[std::to_string(item) + "=" + text(n, item)];
     }
-    EXPECT_NE(item_text(r, 170).find("<u00a4>"), std::string::npos);
-    EXPECT_NE(item_text(r, 171).find("<U00A4>"), std::string::npos);
-  }
-}
-
-// Items whose text is a decimal number, and items with a closed set of
-// values.
-TEST(LocaleItems, CodedItemsHoldTheirValues) {
-  const std::set<std::string> orders = {"DMY", "MDY", "YMD"};
-  const std::set<std::string> separators = {"/", ".", "-"};
-  const std::set<std::string> weekdays = {"0", "1", "6"};
-  const std::set<std::string> groupings = {"3", "3;2", "0"};
-  const std::set<std::string> sign_positions = {"0", "1", "2", "3", "4"};
-  const std::set<std::string> weeks = {"Week %U %Y", "Week %W %Y", "Week %V %G",
-                                       "%Y-W%U",     "%G-W%V",     "%Y-W%W"};
-  std::set<std::pair<std::string, std::string>> codes;
-  for (int r = 0; r < CORVINEL_LOCALE_RECORDS; ++r) {
-    SCOPED_TRACE(kRecords[r].name);
-    EXPECT_TRUE(orders.contains(item_text(r, 6)));
-    EXPECT_TRUE(separators.contains(item_text(r, 153)));
-    EXPECT_TRUE(weekdays.contains(item_text(r, 154)));
-    EXPECT_TRUE(groupings.contains(item_text(r, 159)));
-    EXPECT_TRUE(groupings.contains(item_text(r, 174)));
-    EXPECT_TRUE(weeks.contains(item_text(r, 42)));
+    EXPECT_EQ(text(n, 9) + text(n, 11), "");
+    EXPECT_EQ(text(n, 13) + text(n, 14) + text(n, 15) + text(n, 16) + text(n, 17),
+              "NLDATE16.NLDATM24.NLTIME8.BEST12.PERCENT12.");
+    EXPECT_NE(text(n, 170).find("<u00a4>"), std::string::npos);
+    EXPECT_NE(text(n, 171).find("<U00A4>"), std::string::npos);
+    // Items 6 and 153 describe the short date of item 29.
+    EXPECT_EQ(date_shape(text(n, 29)), std::make_pair(text(n, 6), text(n, 153))) << text(n, 29);
     for (const int item : {162, 163, 164, 165, 166, 167, 177, 178, 179, 180, 187, 188}) {
-      const std::string text = item_text(r, item);
-      EXPECT_TRUE(!text.empty() && text.find_first_not_of("0123456789") == std::string::npos) << item;
+      EXPECT_TRUE(is_number(text(n, item))) << item;
     }
-    for (const int item : {168, 169, 181, 182}) { EXPECT_TRUE(sign_positions.contains(item_text(r, item))) << item; }
-    const bool letter = item_text(r, 7) == "LETTER";
-    EXPECT_EQ(item_text(r, 187), letter ? "279" : "297");
-    EXPECT_EQ(item_text(r, 188), letter ? "216" : "210");
-    EXPECT_TRUE(codes.emplace(item_text(r, 4), item_text(r, 5)).second) << "language and country pair repeats";
-  }
-}
-
-// Items 6 and 153 describe the short date of item 29: the order of its
-// day, month and year, and the mark between its first two parts.
-TEST(LocaleItems, DateOrderAndSeparatorDescribeTheShortDate) {
-  for (int r = 0; r < CORVINEL_LOCALE_RECORDS; ++r) {
-    const std::string pattern = item_text(r, 29);
-    SCOPED_TRACE(std::string(kRecords[r].name) + ": " + pattern);
-    std::string order;
-    std::string between;
-    for (std::size_t i = 0; i < pattern.size(); ++i) {
-      if (pattern[i] != '%' || i + 1 == pattern.size()) {
-        if (order.size() == 1 && pattern[i] != ' ') between.push_back(pattern[i]);
-        continue;
-      }
-      const char directive = pattern[++i];
-      const char part = std::string_view("de").find(directive) != std::string_view::npos    ? 'D'
-                        : std::string_view("mobB").find(directive) != std::string_view::npos ? 'M'
-                        : std::string_view("yY").find(directive) != std::string_view::npos   ? 'Y'
-                                                                                              : 0;
-      if (part != 0) order.push_back(part);
-    }
-    EXPECT_EQ(item_text(r, 6), order);
-    EXPECT_EQ(item_text(r, 153), between);
-  }
-}
-
-TEST(LocaleItems, DocumentedCountsHold) {
-  int letter = 0;
-  int message_languages = 0;
-  int indian_grouping = 0;
-  const std::set<std::string> languages = {"cs", "de", "es", "fr", "hu", "it", "ja",
-                                           "ko", "pl", "ru", "sv", "zh", "zt"};
-  for (int r = 0; r < CORVINEL_LOCALE_RECORDS; ++r) {
-    letter += item_text(r, 7) == "LETTER";
-    const std::string message = item_text(r, 12);
-    if (!message.empty()) {
-      ++message_languages;
-      EXPECT_TRUE(languages.contains(message)) << kRecords[r].name;
-    }
-    if (item_text(r, 159) == "3;2") {
-      ++indian_grouping;
-      EXPECT_EQ(item_text(r, 5), "IN") << kRecords[r].name;
-      EXPECT_EQ(item_text(r, 174), "3;2") << kRecords[r].name;
-    }
-  }
-  EXPECT_EQ(letter, 15);
-  EXPECT_EQ(message_languages, 48);
-  EXPECT_EQ(indian_grouping, 6);
-}
-
-// Every directive of the date and time patterns is one the date pattern
-// expander knows; "%x" and "%X" only where the patterns are combined.
-TEST(LocaleItems, DatePatternsUseKnownDirectives) {
-  const std::string_view letters = "aAfFbBCcdDeEmnoOjJyYHhKkIiLlMSsTtpPqQUuwWVvGgZz%";
-  for (int r = 0; r < CORVINEL_LOCALE_RECORDS; ++r) {
-    for (int item = 28; item <= 58; ++item) {
-      const std::string text = item_text(r, item);
-      SCOPED_TRACE(std::string(kRecords[r].name) + " item " + std::to_string(item) + ": " + text);
-      for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] != '%') continue;
-        std::size_t at = i + 1;
-        if (at < text.size() && (text[at] == '#' || text[at] == '0')) ++at;
-        if (at < text.size() && text[at] >= '1' && text[at] <= '9') ++at;
-        if (at < text.size() && text[at] == '+') ++at;
-        if (at < text.size() && text[at] == '?') ++at;
-        ASSERT_LT(at, text.size()) << "pattern ends inside a directive";
-        const char letter = text[at];
-        const bool combined = item == 58 && (letter == 'x' || letter == 'X');
-        EXPECT_TRUE(combined || letters.find(letter) != std::string_view::npos) << "directive %" << letter;
-        i = at;
-      }
-    }
-  }
-}
-
-// The two name sets of a record: those used inside a date and the
-// standalone ones, 24 (months), 14 (weekdays) and 8 (quarters) items apart,
-// are complete, and a standalone name never stands in for a missing one.
-TEST(LocaleItems, NameSetsAreComplete) {
-  for (int r = 0; r < CORVINEL_LOCALE_RECORDS; ++r) {
-    SCOPED_TRACE(kRecords[r].name);
-    for (int item = 59; item <= 152; ++item) { EXPECT_FALSE(item_text(r, item).empty()) << item; }
+    EXPECT_EQ(text(n, 187) + "x" + text(n, 188), text(n, 7) == "LETTER" ? "279x216" : "297x210");
+    if (text(n, 159) == "3;2") { EXPECT_EQ(text(n, 5) + text(n, 174), "IN3;2"); }
+    EXPECT_TRUE(pairs.insert(text(n, 4) + text(n, 5)).second) << "language and country pair repeats";
+    // Left out of the currency table: two withdrawn currencies glibc still has.
+    if (text(n, 155) != "BYR" && text(n, 155) != "VEF") { EXPECT_TRUE(std::ranges::binary_search(kCurrencyCodes, text(n, 155))); }
+    // Both name sets are complete: a standalone name never stands in for a missing one.
     std::set<std::string> months;
-    for (int item = 71; item <= 82; ++item) months.insert(item_text(r, item));
-    EXPECT_EQ(months.size(), 12u) << "twelve different month names";
+    for (int item = 59; item <= 152; ++item) EXPECT_NE(text(n, item), "") << item;
+    for (int item = 71; item <= 82; ++item) months.insert(text(n, item));
+    EXPECT_EQ(months.size(), 12u);
   }
+  EXPECT_EQ(counts["7=LETTER"], 15);
+  EXPECT_EQ(counts["12="], 88);
+  EXPECT_EQ(counts["159=3;2"] + counts["174=3;2"], 12);
+}
+
+// lconv_monetary: sorted by code, in step with the code list the currency formats index (the currencies with
+// formats are checked when they compile).
+TEST(CurrencyTable, IsSortedByCode) {
+  for (int i = 0; i < CORVINEL_CURRENCY_RECORDS; ++i) {
+    EXPECT_EQ(kCurrencyCodes[i], lconv_monetary[i].int_curr_symbol);
+    if (i > 0) { EXPECT_LT(kCurrencyCodes[i - 1], kCurrencyCodes[i]); }
+    EXPECT_STRNE(lconv_monetary[i].currency_symbol, "");
+  }
+}
+
+TEST(CurrencyTable, DocumentedRecords) {
+  const monetary_conventions &c = lconv_monetary[0];
+  EXPECT_EQ(std::string(c.int_curr_symbol) + "|" + c.currency_symbol + "|" + c.mon_decimal_point + "|" +
+                c.mon_thousands_sep + "|" + c.mon_grouping + "|" + c.positive_sign + "|" + c.negative_sign,
+            "AED|<U062F>.<U0625>.|.|,|3| |-");
+  EXPECT_EQ(std::string({c.int_frac_digits, c.frac_digits, c.p_cs_precedes, c.p_sep_by_space, c.n_cs_precedes,
+                         c.n_sep_by_space, c.p_sign_posn, c.n_sign_posn}),
+            std::string({3, 3, 1, 1, 1, 1, 1, 2}));
+  EXPECT_STREQ(currency_record("AUD")->currency_symbol, "AU$");
+  const monetary_conventions &bgn = *currency_record("BGN");
+  EXPECT_EQ(std::string(bgn.currency_symbol) + bgn.mon_decimal_point + bgn.mon_thousands_sep, "<U043B><U0432>, ");
+}
+
+struct EnvironmentCase {
+  const char *value;   // nullptr: the variable is not set
+  const char *record;  // nullptr: every fetch fails
+};
+
+void PrintTo(const EnvironmentCase &c, std::ostream *out) { *out << (c.value ? c.value : "(unset)"); }
+
+const std::string kLongValue = "fr_CA" + std::string(600, 'x');
+
+class EnvironmentChoice : public ::testing::TestWithParam<EnvironmentCase> {};
+
+// Numbers outside 1..136 take the environment, read anew on every call; record numbers ignore it.
+TEST_P(EnvironmentChoice, SelectsTheRecordForEveryNonRecordNumber) {
+  const EnvironmentCase &c = GetParam();
+  ScopedOrbLocale locale(c.value);
+  for (const int32_t number : {0, 137, -1, INT_MIN, INT_MAX}) {
+    EXPECT_EQ(locale_item(number, 0), c.record ? std::optional<std::string>(c.record) : std::nullopt) << number;
+  }
+  EXPECT_EQ(text(1, 0) + " " + text(136, 0), "Afrikaans_SouthAfrica Chinese_XX");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    LocaleSelection, EnvironmentChoice,
+    ::testing::Values(EnvironmentCase{nullptr, "English_UnitedStates"}, EnvironmentCase{"", nullptr},
+                      EnvironmentCase{"DE-de", "German_Germany"}, EnvironmentCase{"fr CA", "French_Canada"},
+                      EnvironmentCase{"de_DE.UTF-8", "German_Germany"}, EnvironmentCase{"sr_RS@latin", "Serbian_Serbia"},
+                      EnvironmentCase{"zt_TW", nullptr}, EnvironmentCase{"en_XX", nullptr}, EnvironmentCase{"en", nullptr},
+                      EnvironmentCase{"en_U", nullptr}, EnvironmentCase{"\xC3\xA9n_US", nullptr},
+                      EnvironmentCase{kLongValue.c_str(), "French_Canada"}));
+
+struct CapacityCase {
+  const char *label;
+  int32_t locale, item, spare, expected;  // locale 0: ORB_LOCALE (matching nothing); spare: outcap minus the
+                                          // item's length; expected: the result, kLength the item's length
+};
+
+void PrintTo(const CapacityCase &c, std::ostream *out) { *out << c.label; }
+
+constexpr int32_t kLength = -2, kEnglish = 53;
+
+class Capacity : public ::testing::TestWithParam<CapacityCase> {};
+
+// The item is copied whole or not at all; exactly outcap bytes are zero-filled around it.
+TEST_P(Capacity, CopiesWhatFitsAndNeverTruncates) {
+  const CapacityCase &c = GetParam();
+  ScopedOrbLocale environment("xx_YY");
+  const locitem *stored = c.item >= 0 && c.item < CORVINEL_LOCALE_ITEMS ? &ORBlocaleData[kEnglish - 1][c.item] : nullptr;
+  const int32_t outcap = (stored ? stored->length : 0) + c.spare;
+  const auto room = static_cast<std::size_t>(std::max(outcap, 0));
+  std::string buffer(room + 4, 'Z'), expected = std::string(room, '\0') + "ZZZZ";
+  const int32_t result = getORBLocDB(buffer.data(), outcap, c.item, c.locale);
+  EXPECT_EQ(result, c.expected == kLength ? stored->length : c.expected);
+  if (result > 0) expected.replace(0, static_cast<std::size_t>(result), stored->text);
+  EXPECT_EQ(buffer, expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    LocaleSelection, Capacity,
+    ::testing::Values(CapacityCase{"exact_fit_has_no_terminator", kEnglish, 0, 0, kLength},
+                      CapacityCase{"one_short_fails", kEnglish, 0, -1, -1},
+                      CapacityCase{"room_to_spare_is_zero_filled", kEnglish, 0, 5, kLength},
+                      CapacityCase{"absent_item_fits_no_room", kEnglish, 9, 0, 0},
+                      CapacityCase{"negative_capacity_fails_for_absent_items", kEnglish, 9, -1, -1},
+                      CapacityCase{"item_below_range", kEnglish, -1, 10, -1}, CapacityCase{"item_above_range", kEnglish, 189, 10, -1},
+                      CapacityCase{"no_record_leaves_zeros", 0, 0, 32, -1}));
+
+constexpr uint64_t kReserved = 0x1234;
+
+// An item buffer with its symbol block, filled by `fetch`; fracdigits is left as it was but for currency patterns.
+struct Fetch {
+  patsyms symbols{};
+  locbuf buffer{kReserved, 0, {}, &symbols};
+  int32_t result;
+  template <typename Fn>
+  Fetch(Fn fetch, int32_t locale, int32_t item) {
+    symbols.fracdigits = 777;
+    result = fetch(locale, item, buffer);
+  }
+};
+
+int32_t fast_wzssglc(int32_t locale, int32_t item, locbuf &buffer) {
+  locbuf *handle = &buffer;
+  return wzssglc(locale, item, &handle);
+}
+
+// wzssglc as first written: each convention fetched into a buffer of its
+// own, in the documented order; the result is that of the last fetch.
+int32_t reference_wzssglc(int32_t locale, int32_t item, locbuf &buffer) {
+  int32_t result = 0;
+  auto fetch = [&](int32_t code) {
+    char text[CORVINEL_LOCALE_TEXT];
+    const int32_t length = getORBLocDB(text, sizeof text, code, locale);
+    result = length < 0 ? 1 : 0;
+    return std::string(text, static_cast<std::size_t>(std::max(length, 0)));
+  };
+  auto digits = [&](int32_t code) { return std::atoi(fetch(code).c_str()); };
+  auto put = [](char *field, const std::string &text) { std::memcpy(field, text.data(), text.size()); };
+  buffer.length = getORBLocDB(buffer.text, sizeof buffer.text, item, locale);
+  const bool money = item == 170 || item == 171, percent = item == 185 || item == 186;
+  if (!money && !percent && item != 183 && item != 184) return buffer.length < 0 ? 1 : 0;
+  patsyms &s = *buffer.symbols;
+  for (char *field : {s.symbol, s.decimal, s.separator, s.positive, s.negative}) std::memset(field, 0, CORVINEL_LOCALE_TEXT);
+  if (money) put(s.symbol, fetch(item == 170 ? 156 : 155));
+  if (percent) put(s.symbol, "%");
+  if (item == 184 || item == 186) {
+    put(s.decimal, ".");
+    put(s.separator, ",");
+    s.grouping = 3;
+  } else {
+    put(s.decimal, fetch(money ? 157 : 172));
+    put(s.separator, fetch(money ? 158 : 173));
+    s.grouping = 0;
+    for (const char c : fetch(money ? 159 : 174)) s.grouping = c - '0';  // deliberately the last digit
+  }
+  put(s.positive, fetch(money ? 160 : 175));
+  put(s.negative, fetch(money ? 161 : 176));
+  if (percent) {
+    s.p_cs_precedes = s.p_sep_by_space = s.n_cs_precedes = s.n_sep_by_space = 0;
+    s.p_sign_posn = s.n_sign_posn = 1;
+    return result;
+  }
+  // Items 164..169 (177..182): p_cs, p_sep, n_cs, n_sep, p_posn and, fetched last, n_posn.
+  int32_t *flags[] = {&s.p_cs_precedes, &s.p_sep_by_space, &s.n_cs_precedes, &s.n_sep_by_space, &s.p_sign_posn, &s.n_sign_posn};
+  for (int k = 0; k < 6; ++k) *flags[k] = digits((money ? 164 : 177) + k);
+  if (money) s.fracdigits = digits(item == 170 ? 163 : 162);
+  return result;
+}
+
+TEST(PatternSymbols, AgreeWithFetchingEveryConventionOnItsOwn) {
+  for (const char *value : {static_cast<const char *>(nullptr), "hi_IN", "", "xx_XX"}) {
+    ScopedOrbLocale environment(value);
+    const int32_t last = value == nullptr ? CORVINEL_LOCALE_RECORDS : 0;
+    for (int32_t locale = 0; locale <= last; ++locale) {
+      for (const int32_t item : {170, 171, 183, 184, 185, 186, 0, 9, 155}) {
+        SCOPED_TRACE("locale " + std::to_string(locale) + " item " + std::to_string(item));
+        const Fetch fast(fast_wzssglc, locale, item), reference(reference_wzssglc, locale, item);
+        EXPECT_EQ(fast.result, reference.result);
+        EXPECT_EQ(fast.buffer.reserved, kReserved);
+        EXPECT_EQ(fast.buffer.length, reference.buffer.length);
+        EXPECT_EQ(std::memcmp(fast.buffer.text, reference.buffer.text, sizeof fast.buffer.text), 0);
+        EXPECT_EQ(std::memcmp(&fast.symbols, &reference.symbols, sizeof fast.symbols), 0);
+      }
+    }
+  }
+}
+
+std::string summary(const Fetch &f) {
+  const patsyms &s = f.symbols;
+  return std::to_string(f.result) + "|" + f.buffer.text + "|" + s.symbol + "|" + s.decimal + "|" + s.separator + "|" +
+         std::to_string(s.grouping) + "|" + s.positive + "|" + s.negative + "|" + std::to_string(s.fracdigits) + "|" +
+         std::to_string(s.p_cs_precedes) + std::to_string(s.p_sep_by_space) + std::to_string(s.p_sign_posn) +
+         std::to_string(s.n_cs_precedes) + std::to_string(s.n_sep_by_space) + std::to_string(s.n_sign_posn);
+}
+
+TEST(PatternSymbols, DocumentedConventions) {
+  EXPECT_EQ(summary(Fetch(fast_wzssglc, 53, 183)), "0|#,##0.###||.|,|3||-|777|101101");
+  EXPECT_EQ(summary(Fetch(fast_wzssglc, 64, 170)), "0|#.##0,00 <u00a4>|<U20AC>|,|.|3||-|2|011011");
+  EXPECT_EQ(Fetch(fast_wzssglc, locale_number("Hindi_India"), 185).symbols.grouping, 2) << "the last digit of 3;2";
+}
+
+// A null buffer only takes an absent item; bad handles fail without touching anything.
+TEST(PatternSymbols, NullBuffersAndBadHandlesFail) {
+  EXPECT_EQ(getORBLocDB(nullptr, 0, 9, kEnglish), 0);
+  EXPECT_EQ(getORBLocDB(nullptr, 100, 0, kEnglish), -1);
+  locbuf buffer{kReserved, 0, {}, nullptr};
+  locbuf *none = nullptr, *handle = &buffer;
+  EXPECT_EQ(wzssglc(53, 0, nullptr) + wzssglc(53, 0, &none), 2);
+  EXPECT_EQ(wzssglc(53, 170, &handle), 1) << "a pattern item needs a symbol block";
+  EXPECT_EQ(buffer.length, 33);
+  EXPECT_EQ(buffer.reserved, kReserved);
 }
 
 }  // namespace

@@ -11,16 +11,14 @@
 
 namespace corvinel::testing {
 
-// Owns the value and an output buffer with guard bytes after `capacity`, and
-// can check afterwards that the format left the guards and the request
-// fields it must restore untouched.
+// Owns the value and an output buffer with guard bytes after `capacity`;
+// checks afterwards that the guards and the fields to restore are untouched.
 class Request {
  public:
   static constexpr std::size_t kGuard = 16;
   static constexpr char kGuardByte = '\x5A';
 
-  Request(int32_t width, int32_t decimals, double value, int32_t capacity = -1)
-      : value_(value) {
+  Request(int32_t width, int32_t decimals, double value, int32_t capacity = -1) : value_(value) {
     if (capacity < 0) capacity = std::max(width, 0);
     storage_.assign(static_cast<std::size_t>(capacity) + kGuard, kGuardByte);
     std::memset(&req_, 0, sizeof req_);
@@ -33,27 +31,18 @@ class Request {
     before_ = req_;
   }
 
-  // Asks for output encoding `encoding` (xcode_b) from the start, so that
-  // restored() expects it back.
+  // Output encoding `encoding` (xcode_b) from the start: restored() expects it back.
   void set_output_encoding(int32_t encoding) { req_.xcode_b = before_.xcode_b = encoding; }
 
   fmtreq *get() { return &req_; }
   fmtreq &operator*() { return req_; }
   fmtreq *operator->() { return &req_; }
 
-  // The `outlen` bytes the format left.
-  std::string text() const {
-    const int32_t n = std::clamp(req_.outlen, 0, req_.capacity);
-    return std::string(storage_.data(), static_cast<std::size_t>(n));
-  }
-  // The first `width` bytes of the buffer, whatever outlen says.
-  std::string field() const {
-    const int32_t n = std::clamp(req_.width, 0, req_.capacity);
-    return std::string(storage_.data(), static_cast<std::size_t>(n));
-  }
+  // The `outlen` bytes the format left, and the first `width` bytes whatever outlen says.
+  std::string text() const { return prefix(req_.outlen); }
+  std::string field() const { return prefix(req_.width); }
   bool guards_intact() const {
-    return std::all_of(storage_.end() - kGuard, storage_.end(),
-                       [](char c) { return c == kGuardByte; });
+    return std::all_of(storage_.end() - kGuard, storage_.end(), [](char c) { return c == kGuardByte; });
   }
   // Fields every format must hand back as it found them.
   bool restored() const {
@@ -63,6 +52,8 @@ class Request {
   }
 
  private:
+  std::string prefix(int32_t n) const { return storage_.substr(0, static_cast<std::size_t>(std::clamp(n, 0, req_.capacity))); }
+
   double value_;
   std::string storage_;
   fmtreq req_;

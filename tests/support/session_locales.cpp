@@ -26,46 +26,32 @@ constexpr LocaleRecipe kRecipes[] = {
     {kUnknownCodesetLocale, "de_DE", ""},
 };
 
-constexpr const char *kCharmaps = "/usr/share/i18n/charmaps";
+std::string quoted(const std::string &text) { return "'" + text + "'"; }
 
-bool exists(const std::string &path) {
-  struct stat info;
-  return stat(path.c_str(), &info) == 0;
-}
-
-std::string shell_quoted(const std::string &text) { return "'" + text + "'"; }
-
-// The character map of the unknown codeset: ISO-8859-1 renamed.
-std::string unknown_charmap(const std::string &directory) {
-  const std::string path = directory + "/unknown-codeset.charmap";
-  const std::string gz = std::string(kCharmaps) + "/ISO-8859-1.gz";
-  const std::string source = exists(gz) ? "zcat " + shell_quoted(gz)
-                                        : "cat " + shell_quoted(std::string(kCharmaps) + "/ISO-8859-1");
-  const std::string command = source +
-                              " | sed 's/^<code_set_name> .*/<code_set_name> X-CORVINEL-UNKNOWN/' > " +
-                              shell_quoted(path);
-  return std::system(command.c_str()) == 0 ? path : std::string();
-}
+bool run(const std::string &command) { return std::system(command.c_str()) == 0; }
 
 bool build(const std::string &directory, const LocaleRecipe &recipe) {
-  const std::string target = directory + "/" + recipe.name;
-  if (exists(target + "/LC_CTYPE")) return true;
+  const std::string target = directory + "/" + recipe.name, partial = target + ".partial";
+  struct stat info;
+  if (stat((target + "/LC_CTYPE").c_str(), &info) == 0) return true;
   std::string charmap = recipe.charmap;
-  if (charmap.empty()) charmap = unknown_charmap(directory);
-  if (charmap.empty()) return false;
+  if (charmap.empty()) {  // the ISO-8859-1 character map under another name
+    charmap = directory + "/unknown-codeset.charmap";
+    const std::string latin1 = "/usr/share/i18n/charmaps/ISO-8859-1";
+    if (!run("(zcat " + quoted(latin1 + ".gz") + " 2>/dev/null || cat " + quoted(latin1) +
+             ") | sed 's/^<code_set_name> .*/<code_set_name> X-CORVINEL-UNKNOWN/' > " + quoted(charmap))) {
+      return false;
+    }
+  }
   // localedef may exit with 1 for warnings about the sources; what counts is
   // a complete locale, moved into place only when done.
-  const std::string partial = target + ".partial";
-  const std::string command = "rm -rf " + shell_quoted(partial) + " && localedef -i " +
-                              shell_quoted(recipe.source) + " -f " + shell_quoted(charmap) + " " +
-                              shell_quoted(partial) + " >/dev/null 2>&1; test -f " +
-                              shell_quoted(partial + "/LC_CTYPE") + " && rm -rf " + shell_quoted(target) +
-                              " && mv " + shell_quoted(partial) + " " + shell_quoted(target);
-  if (std::system(command.c_str()) != 0) {
-    std::fprintf(stderr, "could not compile locale %s with localedef\n", recipe.name);
-    return false;
+  if (run("rm -rf " + quoted(partial) + " && localedef -i " + quoted(recipe.source) + " -f " + quoted(charmap) + " " +
+          quoted(partial) + " >/dev/null 2>&1; test -f " + quoted(partial + "/LC_CTYPE") + " && rm -rf " +
+          quoted(target) + " && mv " + quoted(partial) + " " + quoted(target))) {
+    return true;
   }
-  return true;
+  std::fprintf(stderr, "could not compile locale %s with localedef\n", recipe.name);
+  return false;
 }
 
 }  // namespace
@@ -73,22 +59,20 @@ bool build(const std::string &directory, const LocaleRecipe &recipe) {
 bool prepare_session_locales(const char *directory) {
   setenv("LOCPATH", directory, 1);
   mkdir(directory, 0755);
-  const std::string dir = directory;
-  const int lock = open((dir + "/.lock").c_str(), O_CREAT | O_RDWR, 0644);
+  const int lock = open((std::string(directory) + "/.lock").c_str(), O_CREAT | O_RDWR, 0644);
   if (lock < 0 || flock(lock, LOCK_EX) != 0) {
     std::perror("locking the test locale directory");
     if (lock >= 0) close(lock);
     return false;
   }
   bool complete = true;
-  for (const LocaleRecipe &recipe : kRecipes) complete = build(dir, recipe) && complete;
+  for (const LocaleRecipe &recipe : kRecipes) complete = build(directory, recipe) && complete;
   flock(lock, LOCK_UN);
   close(lock);
   return complete;
 }
 
-ScopedSessionLocale::ScopedSessionLocale(const char *name)
-    : active_(std::setlocale(LC_ALL, name) != nullptr) {}
+ScopedSessionLocale::ScopedSessionLocale(const char *name) : active_(std::setlocale(LC_ALL, name) != nullptr) {}
 
 ScopedSessionLocale::~ScopedSessionLocale() { std::setlocale(LC_ALL, "C"); }
 

@@ -9,16 +9,14 @@ namespace corvinel::testing {
 inline constexpr const char *kUtf8Locale = "C.UTF-8";
 inline constexpr const char *kLatin1Locale = "de_DE.ISO-8859-1";
 inline constexpr const char *kEucJpLocale = "ja_JP.EUC-JP";
-// A locale whose codeset iconv does not know (an ISO-8859-1 character map
-// under another name).
+// A locale whose codeset iconv does not know (ISO-8859-1 under another name).
 inline constexpr const char *kUnknownCodesetLocale = "de_DE.X-CORVINEL-UNKNOWN";
 // The C locale: its codeset is ASCII ("ANSI_X3.4-1968").
 inline constexpr const char *kAsciiLocale = "C";
 
-// Points LOCPATH at `directory` and compiles the locales above that are not
-// there yet.  Safe to call from several processes at once (they take turns
-// under a file lock).  Returns false, with a message on stderr, when a
-// locale could not be built.
+// Points LOCPATH at `directory` and compiles the locales above not there yet,
+// taking turns with other processes under a file lock.  False, with a
+// message on stderr, when a locale could not be built.
 bool prepare_session_locales(const char *directory);
 
 // Sets the process locale for the lifetime of the object and restores "C".

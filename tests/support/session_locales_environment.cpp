@@ -5,14 +5,10 @@
 
 namespace {
 
-class SessionLocales : public ::testing::Environment {
- public:
-  void SetUp() override {
-    ASSERT_TRUE(corvinel::testing::prepare_session_locales(CORVINEL_TEST_LOCPATH));
-  }
+struct SessionLocales : ::testing::Environment {
+  void SetUp() override { ASSERT_TRUE(corvinel::testing::prepare_session_locales(CORVINEL_TEST_LOCPATH)); }
 };
 
-::testing::Environment *const kSessionLocales =
-    ::testing::AddGlobalTestEnvironment(new SessionLocales);
+::testing::Environment *const kSessionLocales = ::testing::AddGlobalTestEnvironment(new SessionLocales);
 
 }  // namespace
