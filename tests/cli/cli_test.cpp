@@ -111,7 +111,6 @@ ToolRun run_tool(const std::vector<std::string> &arguments, const std::string &e
 }
 
 const std::string kStub = std::string("--module=") + CORVINEL_STUB_MODULE;
-const std::string k19Blanks(19, ' ');
 
 struct ToolCase {
   std::string label;
@@ -146,7 +145,7 @@ INSTANTIATE_TEST_SUITE_P(
         ToolCase{"PercentLeavesRoomForTheSign", {"--bars", "NLPCT6.99", "."}, 0, "|   .  |\n", ""},
         ToolCase{"DefaultsFromTheDescriptor", {"--bars", "NLMNY", ".B"}, 0, "|        B|\n", ""},
         ToolCase{"DateMarkAndOutOfRange", {"--bars", "NLDATE.", ".C", "-138062"}, 0,
-                 "|" + k19Blanks + "C|\n|" + std::string(20, '*') + "|\n", ""},
+                 "|" + std::string(19, ' ') + "C|\n|" + std::string(20, '*') + "|\n", ""},
         ToolCase{"UnitsAsHexadecimal", {"--utf16", "--bars", "NLDATE10.", "."}, 0,
                  "|20 20 20 20 20 20 20 20 20 2e|\n", ""},
         ToolCase{"FieldWiderThanCapacity", {"--capacity", "3", "NLNUM8.", "."}, 0, "   \n", ""}),
@@ -211,8 +210,6 @@ TEST(ToolList, PrintsTheWholeRegistry) {
   ASSERT_EQ(list.exit_status, 0) << list.err;
   EXPECT_EQ(std::count(list.out.begin(), list.out.end(), '\n'), 144);
   EXPECT_TRUE(list.out.starts_with("NLBEST          width 1..32 (12)  decimals 0..31 (0)  kind 1\n"));
-  EXPECT_NE(list.out.find("\nNLPVALUE        width 3..32 (6)  decimals 1..30 (4)  kind 1\n"),
-            std::string::npos);
   EXPECT_TRUE(list.out.ends_with("NLMNLZAR        width 8..32 (12)  decimals 0..28 (2)  kind 0\n"));
   const ToolRun help = run_tool({"-h"});
   EXPECT_EQ(help.exit_status, 0);

@@ -164,21 +164,22 @@ std::string violation(const FormatCase &c, const Request &r, int32_t result) {
 }
 
 // Fields that fit their buffer and fields that overhang it, and requests
-// that break the host's contract: no room, a negative width or capacity.
+// that break the host's contract: no room, a negative width or capacity.  The
+// check is on for every other call (an odd number of decimals a turn, so that
+// each decimals meets both).
 TEST_P(EveryFormat, StaysInsideItsBufferForAnyRequest) {
   const FormatCase &c = GetParam();
   std::vector<std::pair<int32_t, int32_t>> shapes{{-5, 10}, {20, -1}, {INT_MAX, 16}, {INT_MIN, 16}};
   for (int32_t w = 0; w <= 40; ++w) shapes.insert(shapes.end(), {{w, w}, {w, w + 3}, {w, w / 2}});
+  unsigned turn = 0;
   for (const auto &[width, capacity] : shapes) {
     for (const double value : kSweepValues) {
-      for (const int32_t decimals : {0, 2, 3, 31, 99, -1}) {
-        for (const uint8_t flags : {uint8_t{0}, kCheck}) {
-          Request r(width, decimals, value, capacity, flags);
-          const int32_t result = c.render(r.get());
-          ASSERT_EQ(violation(c, r, result), "") << "w" << width << " capacity " << capacity
-                                                 << " d" << decimals << " value " << value
-                                                 << " f" << +flags;
-        }
+      for (const int32_t decimals : {0, 3, 31, 99, -1}) {
+        const uint8_t flags = ++turn % 2 ? kCheck : 0;
+        Request r(width, decimals, value, capacity, flags);
+        const int32_t result = c.render(r.get());
+        ASSERT_EQ(violation(c, r, result), "") << "w" << width << " capacity " << capacity << " d"
+                                               << decimals << " value " << value << " f" << +flags;
       }
     }
   }
