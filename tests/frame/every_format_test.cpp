@@ -147,9 +147,8 @@ const std::vector<double> kSweepValues{
 std::string violation(const FormatCase &c, const Request &r, int32_t result) {
   const fmtreq &sent = r.before();
   if (!r.guards_intact()) return "wrote outside the buffer";
-  // The locale number engine shows a width above 32 as 32 "*" and leaves it at 32.
-  const bool clamped = (c.family == "number" || c.family == "percent") && sent.width > 32 &&
-                       r->width == 32 && r.field().find_first_not_of('*') == std::string::npos;
+  const bool clamped = c.clamps_width() && sent.width > 32 && r->width == 32 &&
+                       r.field().find_first_not_of('*') == std::string::npos;
   if (!r.restored(!clamped)) return "request not restored";
   const bool limit_code =
       result >= CORVINEL_WIDTH_TOO_SMALL && result <= CORVINEL_DECIMALS_TOO_LARGE;

@@ -26,6 +26,8 @@ struct FormatCase {
   bool calls_classic_rendering() const { return family == "classic" || family == "best"; }
   // The classic-based number formats narrow capacity to the width and leave it so.
   bool narrows_capacity() const { return family == "classic"; }
+  // The locale number engine shows a width above 32 as 32 "*" and leaves it at 32.
+  bool clamps_width() const { return family == "number" || family == "percent"; }
 };
 
 inline void PrintTo(const FormatCase &c, std::ostream *os) { *os << c.name; }
