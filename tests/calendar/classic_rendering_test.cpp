@@ -49,8 +49,8 @@ struct RenderCase {
 };
 
 void PrintTo(const RenderCase &c, std::ostream *os) {
-  *os << c.renderer.name << " ." << c.decimals << " of " << c.value << " from width "
-      << c.fields.front().size();
+  *os << c.renderer.name << " ." << c.decimals << " of " << ::testing::PrintToString(c.value)
+      << " from width " << c.fields.front().size();
 }
 
 class ClassicRendering : public ::testing::TestWithParam<RenderCase> {};
@@ -130,7 +130,8 @@ const RenderCase kMonthNames[] = {
 const RenderCase kTimes[] = {
     {RENDERER(zfmtime), 3723.5, {"1", " 1", "  1", "1:02", " 1:02", "1:02:04", " 1:02:04"}},
     {RENDERER(zfmtime), 3723.5, {"1:02:03.5", "1:02:03.50", " 1:02:03.50"}, 2},
-    {RENDERER(zfmtime), -3723, {"-1:02:03"}}, {RENDERER(zfmtime), -3600, {"*", "-1", " -1"}},
+    {RENDERER(zfmtime), -3723.25, {"-1:02:03", " -1:02:03", "-1:02:03.3", "-1:02:03.25"}, 2},
+    {RENDERER(zfmtime), -3600, {"*", "-1", " -1"}},
     {RENDERER(zfmtime), 45296, {" 12", "  12", "12:34"}},
     // Early carry into the next hour or minute; hours are not reduced.
     {RENDERER(zfmtime), 86399.9999, {"24:00:00.00"}, 2}, {RENDERER(zfmtime), 59.96, {" 0:01:00"}},
@@ -277,12 +278,10 @@ TEST(Zdatrng, SortsValues) {
 }
 
 TEST(Zfmcymd, SplitsValidDatesOnly) {
-  double year = -7, month = -7, day = -7;
-  EXPECT_EQ(zfmcymd(&year, &month, &day, -0.5), 1);
-  EXPECT_EQ(year * 10000 + month * 100 + day, 19591231);
-  for (double invalid : {6589336.0, kNaN, missing('A')}) {
-    EXPECT_EQ(zfmcymd(&year, &month, &day, invalid), -1) << invalid;
-  }
+  double y = -7, m = -7, d = -7;
+  EXPECT_EQ(zfmcymd(&y, &m, &d, -0.5), 1);
+  EXPECT_EQ(y * 10000 + m * 100 + d, 19591231);
+  for (double bad : {6589336.0, kNaN, missing('A')}) EXPECT_EQ(zfmcymd(&y, &m, &d, bad), -1) << bad;
 }
 
 // Numbers above 99 take four positions wherever they stand; the text is cut

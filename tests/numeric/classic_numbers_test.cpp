@@ -1,25 +1,20 @@
-// The classic number renderings.  First their documented examples and the
-// hand-checked cases around them, each field as wide as its text (a field
-// of "*" comes with CORVINEL_DOES_NOT_FIT, any other with 0).  Then what
-// every rendering promises about its field: exactly `width` bytes,
-// right-aligned, "*" exactly when the result says so and only for what is
-// out of reach, the value read back from the text within half a unit of its
-// last digit, at most 15 trusted digits, guards and request fields intact,
-// flags bit 4 invisible; checked over widths 1 to 32 for awkward values and
-// for random ones, w.d also against printf of zround's multiple.  Last,
-// fields wider than 32 or outside their buffer.
+// The classic number renderings: their documented examples and the cases
+// around them, each field as wide as its text ("*" comes with
+// CORVINEL_DOES_NOT_FIT, any other field with 0); what every rendering
+// promises about its field, over widths 1 to 32 for awkward and for random
+// values, w.d also against printf of zround's multiple; fields wider than
+// 32 or outside their buffer.
 #include <algorithm>
 #include <bit>
 #include <cfloat>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <limits>
 #include <optional>
 #include <ostream>
 #include <random>
-#include <regex>
 #include <string>
 #include <utility>
 
@@ -35,8 +30,7 @@ namespace {
 
 using corvinel::testing::missing;
 
-constexpr double kInf = std::numeric_limits<double>::infinity();
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double kInf = INFINITY, kNaN = NAN;
 
 struct ClassicFormat {
   const char *name;
@@ -104,26 +98,26 @@ const Example kExamples[] = {
     // Fifteen trusted digits; places beyond them are zeros.
     {kWd, 20, 0.1, "          0.10000000000000000000"}, {kWd, 0, 1e20, "100000000000000000000"},
     {kWd, 2, 1234567890123456.7, "             1234567890123460.00"},
-    // BEST; 98 asks for it as 99 does.
+    // BEST; 98 asks for it as 99 does (w.d would keep trailing zeros).
     {kWd, kBest, std::exp(-20.0), "2.06115E-9"}, {kWd, kBest, std::exp(-18.0), "  1.523E-8"},
     {kWd, kBest, std::exp(-14.0), "8.31529E-7"}, {kWd, kBest, std::exp(-11.0), " 0.0000167"},
     {kWd, kBest, std::exp(-9.0), "0.00012341"}, {kWd, kBest, std::exp(-3.0), "0.04978707"},
     {kWd, kBest, std::exp(1.0), "2.71828183"}, {kWd, kBest, std::exp(4.0), "  54.59815"},
     {kWd, kBest, std::exp(18.0), "65659969.1"}, {kWd, kBest, 1257000, "1E6"},
-    {kWd, kBest, -1257000, "***"}, {kWd, kBest, 1257000, "1.26E6"}, {kWd, 98, 1257000, "1.26E6"},
+    {kWd, kBest, -1257000, "***"}, {kWd, kBest, 1257000, "1.26E6"}, {kWd, 98, 0.1, "  0.1"},
     {kWd, kBest, -1257000, "-126E4"}, {kWd, kBest, 0.1, "0.1"}, {kWd, kBest, -0.1, "-.1"},
     {kWd, kBest, 123456789, "1.23E8"}, {kWd, kBest, 123456789, "1.2346E8"},
     {kWd, kBest, 3626885, "36E5"}, {kWd, kBest, 3626885, "*"}, {kWd, kBest, 0.000005, "0"},
     {kWd, kBest, 0.000005, "        5E-6"}, {kWd, kBest, 0.000123456, "123E-6"},
-    {kWd, kBest, 0.000123456, "0.000123"}, {kWd, kBest, 0.00004, ".00004"},
+    {kWd, kBest, 0.000123456, "0.000123"}, {kWd, kBest, 0.00012345, "1.23E-4"},
     // Carries that change the exponent's length; integer mantissas.
     {kWd, kBest, 9.9996e9, "  1E10"}, {kWd, kBest, 9.996e-10, "   1E-9"},
     {kWd, kBest, 3.6e10, "36E9"}, {kWd, kBest, 99999.7, "  1E5"}, {kWd, kBest, 0.96, " 1"},
-    {kWd, kBest, 1000000, "1000000"},
+    {kWd, kBest, 1000000, "1000000"}, {kWd, kBest, 1e300, "     1E300"},
     // The "0" goes where the decimals beside it would all be zero.
     {kWd, kBest, 0.0201, ".02"}, {kWd, kBest, 0.004, "  0"}, {kWd, kBest, -0.0001, "  0"},
-    {kWd, kBest, 0.125, "0.13"}, {kWd, kBest, -0.0, "         0"},
-    {kWd, kBest, 1e300, "     1E300"},
+    {kWd, kBest, 0.125, "0.13"}, {kWd, kBest, -0.0, "         0"}, {kWd, kBest, 0.5, ".5"},
+    {kWd, kBest, 0.00004, ".00004"},
     {kWd, kBest, 123456789012345678901.0, "           123456789012346000000"},
     {kWd, kBest, DBL_MAX, "1.7977E308"}, {kWd, kBest, DBL_MAX, "2E308"},
     {kWd, kBest, 5e-324, "4.941E-324"}, {kWd, kBest, 5e-324, "5E-324"},
@@ -156,9 +150,9 @@ const Example kExamples[] = {
     {kD, 0, 123.45, "     123.5"}, {kD, 0, 12.345, "   12.3450"}, {kD, 0, 0.012345, " 0.0123450"},
     {kD, 4, 0, "   0.00000"}, {kD, 4, -1.5, "  -1.50000"}, {kD, 4, 999.999996, "    1000.0"},
     {kD, 4, -12345678, " -12345678"}, {kD, 4, 0.012345, "  0.012345"}, {kD, 4, 1e10, "***"},
-    // Missing values: the mark where the point of a number with `decimals`
-    // places would stand, else at the right edge, always there for BEST and
-    // D; PERCENT places it in its number zone, or nowhere.
+    {kD, 0, 0.12345, "    0.1235"},
+    // Missing values: the mark where a point with `decimals` places would be,
+    // else (and for BEST and D) at the right edge; PERCENT's in its number zone.
     {kWd, 2, missing('A'), "     A  "}, {kWd, 7, missing('.'), ".       "},
     {kWd, 8, missing('_'), "       _"}, {kWd, -1, missing('Z'), "       Z"},
     {kWd, kBest, missing('A'), "       A"}, {kWd, 98, missing('A'), "   A"},
@@ -182,34 +176,40 @@ struct ReadBack {
 // commas in groups of three for COMMA and DOLLAR only, at most 15
 // significant digits followed by zeros.
 std::optional<ReadBack> read_back(std::string text, const ClassicFormat &format) {
-  if (text.find_first_of("0123456789") == std::string::npos) return {};
   bool negate = false;
   if (format.render == zfmpct) {
-    static const std::regex frame(R"(([( ])(.*[^ ])%([) ]))");
-    std::smatch zones;
-    if (!std::regex_match(text, zones, frame) || (zones[1] == "(") != (zones[3] == ")")) return {};
-    negate = zones[1] == "(";
-    text = zones[2];
+    const std::size_t w = text.size();
+    negate = text[0] == '(';
+    if (w < 4 || text[w - 2] != '%' || text[w - 3] == ' ' || negate != (text[w - 1] == ')') ||
+        (!negate && (text[0] != ' ' || text[w - 1] != ' '))) {
+      return {};
+    }
+    text = text.substr(1, w - 3);
   }
-  static const std::regex number(R"( *(\$?)(<?)(-?)([0-9,]*)(\.[0-9]*)?(E-?[0-9]+)?)");
-  static const std::regex groups(R"([0-9]{1,3}(,[0-9]{3})*)");
-  std::smatch parts;
-  if (!std::regex_match(text, parts, number)) return {};
-  if (parts[1].length() > 0 && format.render != zfmdlr) return {};
-  std::string integer = parts[4];
-  const bool grouping = format.render == zfmcma || format.render == zfmdlr;
-  if (integer.find(',') != std::string::npos && !(grouping && std::regex_match(integer, groups))) {
-    return {};
+  text.erase(0, text.find_first_not_of(' '));
+  const bool dollar = format.render == zfmdlr && text.starts_with('$');
+  const bool below = text.substr(dollar).starts_with('<');
+  std::string number = text.substr(dollar + below);
+  const std::size_t sign = number.starts_with('-') ? 1 : 0;
+  const std::string integer = number.substr(sign, number.find_first_of(".E") - sign);
+  if (integer.find(',') != std::string::npos) {
+    if ((format.render != zfmcma && format.render != zfmdlr) || integer[0] == ',') return {};
+    for (std::size_t i = 0; i < integer.size(); ++i) {
+      if ((integer[i] == ',') != ((integer.size() - i) % 4 == 0)) return {};
+    }
+    std::erase(number, ',');
   }
-  std::erase(integer, ',');
-  std::string digits = integer + (parts[5].matched ? parts[5].str().substr(1) : "");
-  digits.erase(0, digits.find_first_not_of('0'));
-  if (digits.size() > 15 && digits.find_first_not_of('0', 15) != std::string::npos) return {};
-  const long double value =
-      std::strtold((parts[3].str() + integer + parts[5].str() + parts[6].str()).c_str(), nullptr);
-  const int exponent = parts[6].matched ? std::atoi(parts[6].str().c_str() + 1) : 0;
-  const int fraction = parts[5].matched ? static_cast<int>(parts[5].length()) - 1 : 0;
-  return ReadBack{negate ? -value : value, exponent - fraction, parts[2].length() > 0};
+  char *end = nullptr;
+  const long double value = std::strtold(number.c_str(), &end);
+  if (number.empty() || number[0] == ' ' || end != number.c_str() + number.size()) return {};
+  const std::size_t e = std::min(number.find('E'), number.size()), point = number.find('.');
+  const int fraction = point < e ? static_cast<int>(e - point - 1) : 0;
+  const int exponent = e < number.size() ? std::atoi(number.c_str() + e + 1) : 0;
+  std::string mantissa = number.substr(0, e);
+  std::erase_if(mantissa, [](char c) { return c < '0' || c > '9'; });
+  mantissa.erase(0, mantissa.find_first_not_of('0'));
+  if (mantissa.size() > 15 && mantissa.find_first_not_of('0', 15) != std::string::npos) return {};
+  return ReadBack{negate ? -value : value, exponent - fraction, below};
 }
 
 // printf's text of zround's multiple with `decimals` places, without "-" on
@@ -226,6 +226,8 @@ std::string printf_fixed(double value, int decimals, bool short_form) {
   return fixed;
 }
 
+// A field: "*" only with its result and for what is out of reach, else the value read back
+// within half a unit of its last digit; the request intact; flags bit 4 invisible.
 void check_field(const ClassicFormat &format, int32_t width, int32_t decimals, double value) {
   SCOPED_TRACE(::testing::Message() << format.name << width << "." << decimals << " of "
                                     << show_value(value));
@@ -278,7 +280,6 @@ void check_field(const ClassicFormat &format, int32_t width, int32_t decimals, d
   const long double allowed =
       0.5L * std::pow(10.0L, back->last_place) * (1 + 1e-9L) + untrusted + magnitude * 1e-15L;
   EXPECT_LE(std::fabs(back->value - shown), allowed) << "|" << field << "|";
-  EXPECT_TRUE(back->value == 0 || (back->value < 0) == (shown < 0)) << "|" << field << "|";
 }
 
 TEST(FieldContract, HoldsForAwkwardValuesAtEveryWidthFrom1To32) {

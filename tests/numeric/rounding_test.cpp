@@ -71,9 +71,8 @@ TEST(Zisint, AndGuardedLogarithm) {
 }
 
 // "digits@exponent" of a Decimal, "0" for zero.
-std::string describe(const Decimal &decimal) {
-  if (decimal.is_zero()) return "0";
-  return std::string(decimal.digits, decimal.count) + "@" + std::to_string(decimal.exponent);
+std::string describe(const Decimal &d) {
+  return d.is_zero() ? "0" : std::string(d.digits, d.count) + "@" + std::to_string(d.exponent);
 }
 
 // The same description of `significant` digits of a magnitude as printf
