@@ -52,7 +52,11 @@ class Request {
   }
 
  private:
-  std::string prefix(int32_t n) const { return storage_.substr(0, static_cast<std::size_t>(std::clamp(n, 0, req_.capacity))); }
+  // The first n bytes, cut to the buffer (a negative capacity counts as 0).
+  std::string prefix(int32_t n) const {
+    const int32_t length = std::max(0, std::min(n, req_.capacity));
+    return storage_.substr(0, static_cast<std::size_t>(length));
+  }
 
   double value_;
   std::string storage_;
