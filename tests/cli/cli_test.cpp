@@ -140,6 +140,8 @@ INSTANTIATE_TEST_SUITE_P(
     RealModule, Tool,
     ::testing::Values(
         ToolCase{"WidthBelowMinimum", {"--check", "NLNUM0.", "1"}, 3, "", "corvinel-fmt: result 39\n"},
+        ToolCase{"PvalueRefusesNoDecimals", {"--check", "NLPVALUE6.0", "1", "2"}, 3, "",
+                 "corvinel-fmt: result 41\ncorvinel-fmt: result 41\n"},
         ToolCase{"MarksAtUnitsPlace", {"--bars", "nlnum8.2", ".", "._", ".z"}, 0,
                  "|     .  |\n|     _  |\n|     Z  |\n", ""},
         ToolCase{"PercentLeavesRoomForTheSign", {"--bars", "NLPCT6.99", "."}, 0, "|   .  |\n", ""},

@@ -4,6 +4,7 @@
 #include <climits>
 #include <cmath>
 #include <cstdint>
+#include <iterator>
 #include <limits>
 #include <set>
 #include <string>
@@ -157,28 +158,41 @@ std::string violation(const FormatCase &c, const Request &r, int32_t result) {
   }
   const bool untouched = r->outlen == Request::kUnsetOutlen && r.buffer_untouched();
   if (!untouched && (r->outlen < 0 || r->outlen > std::max(sent.capacity, 0))) return "outlen";
-  const bool narrowed = c.narrows_capacity() && result == CORVINEL_OK;
+  // Narrowed once the limits pass, also when the classic rendering's own
+  // code comes back because its text could not be expanded.
+  const bool narrowed = c.narrows_capacity() && !limit_code;
   const int32_t capacity = narrowed ? std::min(sent.capacity, r->width) : sent.capacity;
   return r->capacity == capacity ? "" : "capacity changed";
 }
 
 // Fields that fit their buffer and fields that overhang it, and requests
-// that break the host's contract: no room, a negative width or capacity.  The
-// check is on for every other call (an odd number of decimals a turn, so that
-// each decimals meets both).
+// that break the host's contract: no room, a negative width or capacity,
+// extreme decimals, locale numbers that name no record, encodings that are
+// no encoding.  The check is on for every other call (an odd number of
+// decimals a turn, so that each decimals meets both); locale and transcoding
+// context take turns of their own.
 TEST_P(EveryFormat, StaysInsideItsBufferForAnyRequest) {
   const FormatCase &c = GetParam();
   std::vector<std::pair<int32_t, int32_t>> shapes{{-5, 10}, {20, -1}, {INT_MAX, 16}, {INT_MIN, 16}};
   for (int32_t w = 0; w <= 40; ++w) shapes.insert(shapes.end(), {{w, w}, {w, w + 3}, {w, w / 2}});
+  // Seven decimals, five locales and three contexts a turn: every pairing meets.
+  const int32_t locales[] = {0, 136, 137, -1, INT_MIN};
+  const std::pair<int32_t, int64_t> contexts[] = {
+      {0, 0}, {CORVINEL_ENC_UTF16LE, 0}, {INT_MAX, CORVINEL_ENC_UTF16BE}};
   unsigned turn = 0;
   for (const auto &[width, capacity] : shapes) {
     for (const double value : kSweepValues) {
-      for (const int32_t decimals : {0, 3, 31, 99, -1}) {
+      for (const int32_t decimals : {0, 3, 31, 99, -1, INT_MIN, INT_MAX}) {
         const uint8_t flags = ++turn % 2 ? kCheck : 0;
+        const int32_t locale = locales[turn % std::size(locales)];
+        const auto [xcode_b, xcode_state] = contexts[turn % std::size(contexts)];
         Request r(width, decimals, value, capacity, flags);
+        r.set_context(locale, xcode_b, xcode_state);
         const int32_t result = c.render(r.get());
-        ASSERT_EQ(violation(c, r, result), "") << "w" << width << " capacity " << capacity << " d"
-                                               << decimals << " value " << value << " f" << +flags;
+        ASSERT_EQ(violation(c, r, result), "")
+            << "w" << width << " capacity " << capacity << " d" << decimals << " value " << value
+            << " f" << +flags << " locale " << locale << " xcode_b " << xcode_b << " xcode_state "
+            << xcode_state;
       }
     }
   }

@@ -27,6 +27,14 @@ class GuardedRequest {
     sent_ = req_;
   }
 
+  // Locale number and transcoding context from the start: restored()
+  // expects the locale and the requested encoding back.
+  void set_context(int32_t locale, int32_t xcode_b, int64_t xcode_state) {
+    req_.locale = sent_.locale = locale;
+    req_.xcode_b = sent_.xcode_b = xcode_b;
+    req_.xcode_state = sent_.xcode_state = xcode_state;
+  }
+
   fmtreq *get() { return &req_; }
   const fmtreq &operator*() const { return req_; }
   const fmtreq *operator->() const { return &req_; }
