@@ -92,7 +92,8 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(LocaleDataRules, CombinationsEscapesAndGroupings) {
   EXPECT_EQ(shown(convert_combination_pattern(u"{0} {1}")), "%X %x");
-  EXPECT_EQ(shown(convert_combination_pattern(u"{1} 'klo' {0}")), "%x klo %X");
+  EXPECT_EQ(shown(convert_combination_pattern(u"{1} 'klo' {0}")), "%x %X");
+  EXPECT_EQ(shown(convert_combination_pattern(u"{1}, '\u0432\u043E' {0}")), "%x, %X");
   EXPECT_EQ(shown(convert_combination_pattern(u"{1}\u060C {0}")), "%x<U060C> %X");
   const std::u16string text = u"a\u00a4\u65E5\U0001F600";
   EXPECT_EQ(escape_text(text, EscapeForm::kUpper) + escape_text(text, EscapeForm::kLowerU) + escape_text(text, EscapeForm::kLowerUAndHex),

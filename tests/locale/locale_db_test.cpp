@@ -60,6 +60,7 @@ void PrintTo(const DocumentedRun &run, std::ostream *out) { *out << run.record <
 constexpr DocumentedRun kDocumentedRuns[] = {
     {"English_UnitedStates", 0, "English_UnitedStates|English|en|UnitedStates|en|US"},
     {"English_UnitedStates", 6, "MDY|LETTER||||||NLDATE16.|NLDATM24.|NLTIME8.|BEST12.|PERCENT12.|COMPLEX"},
+    {"English_UnitedStates", 27, "ITALIC"},
     {"English_UnitedStates", 28, "%B %d, %Y|%m/%d/%Y|%b %e, %Y|%B %e, %Y|%A, %B %e, %Y|%a, %b %e, %Y"},
     {"English_UnitedStates", 34, "%#B %Y|%#b %Y|%B %d|%b %d|%Y|%y|%Q %Y|%q %Y|Week %U %Y|W%U %y"},
     {"English_UnitedStates", 44, "%B %e, %Y %I:%M:%S %p|%b %e, %Y %I:%M:%S %p|%d%b%Y:%H:%M:%S|%m/%d/%Y %I:%M:%S %p"},
@@ -180,7 +181,8 @@ TEST(LocaleRecords, ItemsKeepTheirNotationAndConventions) {
       {159, {"3", "3;2", "0"}},   {174, {"3", "3;2", "0"}}, {168, positions},    {169, positions},
       {181, positions},           {182, positions},
       {12, {"", "cs", "de", "es", "fr", "hu", "it", "ja", "ko", "pl", "ru", "sv", "zh", "zt"}},
-      {42, {"Week %U %Y", "Week %W %Y", "Week %V %G", "%Y-W%U", "%G-W%V", "%Y-W%W"}}};
+      {42, {"Week %U %Y", "Week %W %Y", "Week %V %G", "%Y-W%U", "%G-W%V", "%Y-W%W"}},
+      {58, {"%x %X", "%x%X", "%x, %X", "%X %x", "%x<U060C> %X"}}};
   std::map<std::string, int> counts;  // by "item=value"
   std::set<std::string> pairs;
   for (int32_t n = 1; n <= CORVINEL_LOCALE_RECORDS; ++n) {

@@ -317,9 +317,11 @@ constexpr EastAsianFonts kEastAsianFonts[] = {
     {"zh", true, "KANJI;<ttf> MingLiU", "KANJI;<ttf> PMingLiU"},
 };
 
-// Items 18-27: graphics fonts, the five stroke fonts twice; East-Asian
-// records have their five double-byte fonts in the second half.
-constexpr const char *kGraphicsFonts[] = {"COMPLEX", "SIMPLEX", "ITALIC", "BRUSH", "SWISS"};
+// Items 18-27: graphics fonts. The five stroke fonts, then the five again
+// with ITALIC last (English_UnitedStates runs from COMPLEX to ITALIC);
+// East-Asian records have their five double-byte fonts in the second half.
+constexpr const char *kGraphicsFonts[] = {"COMPLEX", "SIMPLEX", "ITALIC", "BRUSH", "SWISS",
+                                          "COMPLEX", "SIMPLEX", "BRUSH",  "SWISS", "ITALIC"};
 constexpr const char *kEastAsianGraphicsFonts[] = {"KANJI", "MINCHO", "HEI", "YUAN", "KGOTHB1"};
 
 bool is_traditional_chinese(const std::string &name) {
@@ -376,7 +378,7 @@ std::vector<Override> apply_fixed_values(std::vector<LocaleRecord> &records) {
     applier.set(index, 8, fonts ? ItemText(fonts->sans) : ItemText());
     applier.set(index, 10, fonts ? ItemText(fonts->serif) : ItemText());
     for (int i = 0; i < 10; ++i) {
-      const char *font = fonts && i >= 5 ? kEastAsianGraphicsFonts[i - 5] : kGraphicsFonts[i % 5];
+      const char *font = fonts && i >= 5 ? kEastAsianGraphicsFonts[i - 5] : kGraphicsFonts[i];
       applier.set(index, 18 + i, ItemText(font));
     }
   }

@@ -161,10 +161,31 @@ void print_report(const std::vector<LocaleRecord> &records, const std::vector<Ov
   for (const Override &o : overrides) replaced += o.generated.has_value();
   std::cout << "Fixed values that replace a generated value (" << replaced << "; "
             << overrides.size() - replaced << " more fill items the sources do not have):\n";
+  // A long run of consecutive items of one record (a rule applied to whole
+  // name sets) shows as its first and last change.
+  std::vector<const Override *> replacing;
   for (const Override &o : overrides) {
-    if (!o.generated) continue;
-    std::cout << "  " << o.record << " item " << o.item << ": " << shown(o.generated) << " -> " << shown(o.fixed)
-              << "\n";
+    if (o.generated) replacing.push_back(&o);
+  }
+  for (std::size_t i = 0; i < replacing.size();) {
+    std::size_t end = i + 1;
+    while (end < replacing.size() && replacing[end]->record == replacing[i]->record &&
+           replacing[end]->item == replacing[end - 1]->item + 1) {
+      ++end;
+    }
+    const Override &first = *replacing[i];
+    const Override &last = *replacing[end - 1];
+    const auto change = [](const Override &o) { return shown(o.generated) + " -> " + shown(o.fixed); };
+    if (end - i > 6) {
+      std::cout << "  " << first.record << " items " << first.item << "-" << last.item << ": " << change(first)
+                << " ... " << change(last) << "\n";
+    } else {
+      for (std::size_t k = i; k < end; ++k) {
+        std::cout << "  " << replacing[k]->record << " item " << replacing[k]->item << ": " << change(*replacing[k])
+                  << "\n";
+      }
+    }
+    i = end;
   }
 
   std::cout << "\nDistributions over the 136 records:\n";

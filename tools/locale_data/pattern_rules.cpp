@@ -269,7 +269,8 @@ std::u16string convert_combination_pattern(std::u16string_view pattern) {
   std::u16string out;
   for (std::size_t i = 0; i < pattern.size();) {
     if (pattern[i] == u'\'') {
-      for (const char16_t literal : read_quoted(pattern, i)) append_literal(out, literal);
+      read_quoted(pattern, i);
+      if (!out.empty() && out.back() == u' ') out.pop_back();
       continue;
     }
     if (pattern.substr(i, 3) == u"{1}" || pattern.substr(i, 3) == u"{0}") {

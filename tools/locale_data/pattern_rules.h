@@ -74,7 +74,9 @@ NumericDateShape numeric_date_shape(std::u16string_view pattern);
 NumericDateShape posix_date_shape(std::u16string_view format);
 
 // A CLDR combination pattern such as "{1}, {0}" with the date as "%x" and
-// the time as "%X"; quoted literals are unquoted.
+// the time as "%X". The record item joins the two forms with punctuation
+// only, so quoted words that make a phrase of them (Finnish "{1} 'klo' {0}",
+// Macedonian "{1}, 'во' {0}": "at") are dropped with the blank before them.
 std::u16string convert_combination_pattern(std::u16string_view pattern);
 
 // Number patterns (decimal, currency, percent) as ICU prints them: "." and

@@ -33,9 +33,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%Y-%m-%d"},  // 29
         {8, "%d %b %Y"},  // 30
@@ -225,9 +225,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d.%m.%y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -417,9 +417,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {9, "%d %B, %Y"},  // 28
         {8, "%Y/%m/%d"},  // 29
         {8, "%d/%m/%Y"},  // 30
@@ -609,9 +609,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%Y"},  // 29
         {8, "%d/%m/%Y"},  // 30
@@ -801,9 +801,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%Y"},  // 29
         {8, "%d/%m/%Y"},  // 30
@@ -993,9 +993,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%Y"},  // 29
         {8, "%d/%m/%Y"},  // 30
@@ -1185,9 +1185,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%Y"},  // 29
         {8, "%d/%m/%Y"},  // 30
@@ -1377,9 +1377,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%Y"},  // 29
         {8, "%d/%m/%Y"},  // 30
@@ -1569,9 +1569,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%Y"},  // 29
         {8, "%d/%m/%Y"},  // 30
@@ -1761,9 +1761,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%Y"},  // 29
         {8, "%d/%m/%Y"},  // 30
@@ -1953,9 +1953,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%Y"},  // 29
         {8, "%d/%m/%Y"},  // 30
@@ -2145,9 +2145,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%Y"},  // 29
         {8, "%d/%m/%Y"},  // 30
@@ -2337,9 +2337,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%Y"},  // 29
         {8, "%d/%m/%Y"},  // 30
@@ -2529,9 +2529,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%Y"},  // 29
         {8, "%d/%m/%Y"},  // 30
@@ -2721,9 +2721,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%Y"},  // 29
         {8, "%d/%m/%Y"},  // 30
@@ -2913,9 +2913,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%Y"},  // 29
         {8, "%d/%m/%Y"},  // 30
@@ -3105,9 +3105,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%Y"},  // 29
         {8, "%d/%m/%Y"},  // 30
@@ -3297,9 +3297,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%Y"},  // 29
         {8, "%d/%m/%Y"},  // 30
@@ -3489,9 +3489,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%Y"},  // 29
         {8, "%d/%m/%Y"},  // 30
@@ -3681,9 +3681,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%Y"},  // 29
         {8, "%d/%m/%Y"},  // 30
@@ -3873,9 +3873,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {9, "%d %B, %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {9, "%e %b, %Y"},  // 30
@@ -4065,9 +4065,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {10, "%d. %B %Y."},  // 28
         {11, "%d. %m. %Y."},  // 29
         {10, "%e. %b %Y."},  // 30
@@ -4257,9 +4257,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {17, "%d %B %Y <U0433>."},  // 28
         {17, "%d.%m.%y <U0433>."},  // 29
         {17, "%e.%m.%Y <U0433>."},  // 30
@@ -4449,9 +4449,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {17, "%d %B %Y <U0433>."},  // 28
         {8, "%d.%m.%y"},  // 29
         {17, "%e %b %Y <U0433>."},  // 30
@@ -4641,9 +4641,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {11, "%d %B de %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -5793,9 +5793,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%Y %B %d"},  // 28
         {8, "%Y-%m-%d"},  // 29
         {8, "%Y %b %e"},  // 30
@@ -5985,9 +5985,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {10, "%d. %B %Y."},  // 28
         {11, "%d. %m. %y."},  // 29
         {10, "%e. %b %Y."},  // 30
@@ -6177,9 +6177,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {10, "%d. %B %Y."},  // 28
         {11, "%d. %m. %Y."},  // 29
         {10, "%e. %b %Y."},  // 30
@@ -6369,9 +6369,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {9, "%d. %B %Y"},  // 28
         {8, "%d.%m.%y"},  // 29
         {10, "%e. %o. %Y"},  // 30
@@ -6561,9 +6561,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {9, "%d. %B %Y"},  // 28
         {8, "%d.%m.%Y"},  // 29
         {9, "%e. %b %Y"},  // 30
@@ -6753,9 +6753,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%Y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -6945,9 +6945,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d-%m-%Y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -7137,9 +7137,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -7329,9 +7329,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {8, "%d %b %Y"},  // 30
@@ -7521,9 +7521,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {8, "%d %b %Y"},  // 30
@@ -7713,9 +7713,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {9, "%B %d, %Y"},  // 28
         {8, "%m/%d/%y"},  // 29
         {9, "%b %e, %Y"},  // 30
@@ -7905,9 +7905,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%Y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -8097,9 +8097,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%Y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -8289,9 +8289,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {8, "%d-%b-%Y"},  // 30
@@ -8481,9 +8481,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%Y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -8673,9 +8673,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%Y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -8865,9 +8865,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%Y"},  // 29
         {8, "%d %b %Y"},  // 30
@@ -9057,9 +9057,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {8, "%e/%m/%Y"},  // 30
@@ -9249,9 +9249,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {9, "%B %d, %Y"},  // 28
         {8, "%m/%d/%y"},  // 29
         {9, "%b %e, %Y"},  // 30
@@ -9441,9 +9441,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -9633,9 +9633,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%Y/%m/%d"},  // 29
         {8, "%d %b %Y"},  // 30
@@ -9825,9 +9825,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%Y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -10017,9 +10017,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {9, "%B %d, %Y"},  // 28
         {8, "%m/%d/%Y"},  // 29
         {9, "%b %e, %Y"},  // 30
@@ -10209,9 +10209,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%Y"},  // 29
         {8, "%d %b,%Y"},  // 30
@@ -10401,9 +10401,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {9, "%d. %B %Y"},  // 28
         {8, "%d.%m.%y"},  // 29
         {9, "%e. %b %Y"},  // 30
@@ -10593,9 +10593,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {9, "%d. %B %Y"},  // 28
         {8, "%d.%m.%y"},  // 29
         {8, "%d.%m.%Y"},  // 30
@@ -10785,9 +10785,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {9, "%d. %B %Y"},  // 28
         {8, "%d.%m.%Y"},  // 29
         {8, "%e.%o.%Y"},  // 30
@@ -10818,7 +10818,7 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {11, "%I.%M.%S %p"},  // 55
         {11, "%H.%M.%S %Z"},  // 56
         {11, "%H.%M.%S %Z"},  // 57
-        {9, "%x klo %X"},  // 58
+        {5, "%x %X"},  // 58
         {7, "tammik."},  // 59
         {7, "helmik."},  // 60
         {8, "maalisk."},  // 61
@@ -10977,9 +10977,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -11169,9 +11169,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%Y-%m-%d"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -11361,9 +11361,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%Y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -11553,9 +11553,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%Y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -11745,9 +11745,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d.%m.%y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -11937,9 +11937,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {9, "%d. %B %Y"},  // 28
         {8, "%d.%m.%y"},  // 29
         {8, "%d.%m.%Y"},  // 30
@@ -12129,9 +12129,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {9, "%d. %B %Y"},  // 28
         {8, "%d.%m.%y"},  // 29
         {8, "%d.%m.%Y"},  // 30
@@ -12321,9 +12321,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {9, "%d. %B %Y"},  // 28
         {8, "%d.%m.%y"},  // 29
         {8, "%d.%m.%Y"},  // 30
@@ -12513,9 +12513,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {9, "%d. %B %Y"},  // 28
         {8, "%d.%m.%y"},  // 29
         {8, "%d.%m.%Y"},  // 30
@@ -12705,9 +12705,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {9, "%d. %B %Y"},  // 28
         {8, "%d.%m.%y"},  // 29
         {8, "%d.%m.%Y"},  // 30
@@ -12897,9 +12897,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -13089,9 +13089,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -13281,9 +13281,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%Y %B %d"},  // 28
         {8, "%Y-%m-%d"},  // 29
         {8, "%Y %b %e"},  // 30
@@ -13473,9 +13473,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {15, "%d <U05D1>%B %Y"},  // 28
         {8, "%d.%m.%Y"},  // 29
         {15, "%e <U05D1>%b %Y"},  // 30
@@ -13665,9 +13665,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -13857,9 +13857,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {10, "%Y. %B %d."},  // 28
         {11, "%Y. %m. %d."},  // 29
         {10, "%Y. %b %e."},  // 30
@@ -14049,9 +14049,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {9, "%d. %B %Y"},  // 28
         {8, "%d.%m.%Y"},  // 29
         {9, "%e. %b %Y"},  // 30
@@ -14241,9 +14241,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -14433,9 +14433,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%Y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -14625,9 +14625,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -14817,9 +14817,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d.%m.%y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -15393,9 +15393,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {15, "%Y. gada %d. %B"},  // 28
         {8, "%d.%m.%y"},  // 29
         {15, "%Y. gada %e. %b"},  // 30
@@ -15585,9 +15585,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {14, "%Y m. %B %d d."},  // 28
         {8, "%Y-%m-%d"},  // 29
         {8, "%Y-%m-%d"},  // 30
@@ -15777,9 +15777,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d.%m.%y"},  // 29
         {8, "%e.%o.%Y"},  // 30
@@ -15810,7 +15810,7 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {11, "%I:%M:%S %p"},  // 55
         {11, "%H:%M:%S %Z"},  // 56
         {11, "%H:%M:%S %Z"},  // 57
-        {21, "%x, <U0432><U043E> %X"},  // 58
+        {6, "%x, %X"},  // 58
         {22, "<U0458><U0430><U043D>."},  // 59
         {22, "<U0444><U0435><U0432>."},  // 60
         {22, "<U043C><U0430><U0440>."},  // 61
@@ -15969,9 +15969,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -16161,9 +16161,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {18, "%d ta<U2019> %B %Y"},  // 28
         {8, "%d/%m/%Y"},  // 29
         {8, "%d %b %Y"},  // 30
@@ -16353,9 +16353,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {19, "%Y(e)ko %Bren %d(a)"},  // 28
         {8, "%y/%m/%d"},  // 29
         {16, "%Y(e)ko %b %e(a)"},  // 30
@@ -16545,9 +16545,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {9, "%d %B, %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {9, "%e %b, %Y"},  // 30
@@ -16737,9 +16737,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {9, "%d. %B %Y"},  // 28
         {8, "%d.%m.%Y"},  // 29
         {9, "%e. %b %Y"},  // 30
@@ -16929,9 +16929,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {9, "%d. %B %Y"},  // 28
         {8, "%d.%m.%Y"},  // 29
         {9, "%e. %b %Y"},  // 30
@@ -17121,9 +17121,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {9, "%d. %B %Y"},  // 28
         {8, "%d.%m.%Y"},  // 29
         {9, "%e. %b %Y"},  // 30
@@ -17313,9 +17313,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%Y/%m/%d"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -17505,9 +17505,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%Y/%m/%d"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -17697,9 +17697,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d.%m.%Y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -17889,9 +17889,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {14, "%d de %B de %Y"},  // 28
         {8, "%d/%m/%Y"},  // 29
         {14, "%e de %b de %Y"},  // 30
@@ -18081,9 +18081,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {14, "%d de %B de %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {8, "%d/%m/%Y"},  // 30
@@ -18273,9 +18273,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d.%m.%Y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -18465,9 +18465,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {17, "%d %B %Y <U0433>."},  // 28
         {8, "%d.%m.%Y"},  // 29
         {17, "%e %b %Y <U0433>."},  // 30
@@ -18657,9 +18657,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {17, "%d %B %Y <U0433>."},  // 28
         {8, "%d.%m.%Y"},  // 29
         {17, "%e %b %Y <U0433>."},  // 30
@@ -18849,9 +18849,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {10, "%d. %B %Y."},  // 28
         {9, "%d.%m.%y."},  // 29
         {11, "%e. %o. %Y."},  // 30
@@ -19041,9 +19041,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {10, "%d. %B %Y."},  // 28
         {9, "%d.%m.%y."},  // 29
         {11, "%e. %o. %Y."},  // 30
@@ -19233,9 +19233,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {10, "%d. %B %Y."},  // 28
         {9, "%d.%m.%y."},  // 29
         {11, "%e. %o. %Y."},  // 30
@@ -19425,9 +19425,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {17, "%Y <U0436>. %d %B"},  // 28
         {8, "%d.%m.%y"},  // 29
         {17, "%Y <U0436>. %d %b"},  // 30
@@ -19617,9 +19617,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {10, "%d. %B %Y."},  // 28
         {9, "%d.%m.%y."},  // 29
         {11, "%e. %o. %Y."},  // 30
@@ -19809,9 +19809,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {10, "%d. %B %Y."},  // 28
         {9, "%d.%m.%y."},  // 29
         {11, "%e. %o. %Y."},  // 30
@@ -20001,9 +20001,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {10, "%d. %B %Y."},  // 28
         {9, "%d.%m.%y."},  // 29
         {11, "%e. %o. %Y."},  // 30
@@ -20193,9 +20193,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {9, "%d. %B %Y"},  // 28
         {10, "%d. %m. %Y"},  // 29
         {10, "%e. %o. %Y"},  // 30
@@ -20385,9 +20385,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {9, "%d. %B %Y"},  // 28
         {10, "%d. %m. %y"},  // 29
         {9, "%e. %b %Y"},  // 30
@@ -20577,9 +20577,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {14, "%d de %B de %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -20769,9 +20769,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {14, "%d de %B de %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {11, "%e %b de %Y"},  // 30
@@ -20961,9 +20961,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {14, "%d de %B de %Y"},  // 28
         {8, "%d-%m-%y"},  // 29
         {8, "%d-%m-%Y"},  // 30
@@ -21153,9 +21153,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {14, "%d de %B de %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {8, "%e/%m/%Y"},  // 30
@@ -21345,9 +21345,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {14, "%d de %B de %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -21537,9 +21537,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {14, "%d de %B de %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -21729,9 +21729,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {14, "%d de %B de %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -21921,9 +21921,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {14, "%d de %B de %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -22113,9 +22113,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {14, "%d de %B de %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {8, "%e/%m/%Y"},  // 30
@@ -22305,9 +22305,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {14, "%d de %B de %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -22497,9 +22497,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {14, "%d de %B de %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -22689,9 +22689,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {14, "%d de %B de %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -22881,9 +22881,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {14, "%d de %B de %Y"},  // 28
         {8, "%m/%d/%y"},  // 29
         {8, "%m/%d/%Y"},  // 30
@@ -23073,9 +23073,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {14, "%d de %B de %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -23265,9 +23265,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {14, "%d de %B de %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -23457,9 +23457,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {14, "%d de %B de %Y"},  // 28
         {8, "%m/%d/%y"},  // 29
         {8, "%m/%d/%Y"},  // 30
@@ -23649,9 +23649,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {14, "%d de %B de %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -23841,9 +23841,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {14, "%d de %B de %Y"},  // 28
         {8, "%d/%m/%Y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -24033,9 +24033,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {14, "%d de %B de %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -24225,9 +24225,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {14, "%d de %B de %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -24417,9 +24417,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%Y-%m-%d"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -24609,9 +24609,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {9, "%d %B, %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {9, "%e %b, %Y"},  // 30
@@ -24801,9 +24801,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {9, "%d %B, %Y"},  // 28
         {8, "%d-%m-%y"},  // 29
         {9, "%e %b, %Y"},  // 30
@@ -24993,9 +24993,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {25, "%d %B <U0E04>.<U0E28>. %Y"},  // 28
         {8, "%d/%m/%y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -25185,9 +25185,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d.%m.%Y"},  // 29
         {8, "%e %b %Y"},  // 30
@@ -25377,9 +25377,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {17, "%d %B %Y <U0440>."},  // 28
         {8, "%d.%m.%y"},  // 29
         {17, "%e %b %Y <U0440>."},  // 30
@@ -25569,9 +25569,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {9, "%d %B, %Y"},  // 28
         {8, "%d/%m/%Y"},  // 29
         {9, "%e %b, %Y"},  // 30
@@ -25761,9 +25761,9 @@ extern "C" const struct locitem ORBlocaleData[CORVINEL_LOCALE_RECORDS][CORVINEL_
         {5, "SWISS"},  // 22
         {7, "COMPLEX"},  // 23
         {7, "SIMPLEX"},  // 24
-        {6, "ITALIC"},  // 25
-        {5, "BRUSH"},  // 26
-        {5, "SWISS"},  // 27
+        {5, "BRUSH"},  // 25
+        {5, "SWISS"},  // 26
+        {6, "ITALIC"},  // 27
         {8, "%d %B %Y"},  // 28
         {8, "%d.%m.%Y"},  // 29
         {8, "%e %b %Y"},  // 30
