@@ -60,8 +60,13 @@ uint32_t next_code_point(const unsigned char *&in) {
   return value;
 }
 
-// Latin-1 and ASCII take the code points below their limit as they are and
-// refuse every other, like iconv's ISO-8859-1 and ANSI_X3.4-1968.
+// Unicode's language tag characters, U+E0000-U+E007F: iconv drops them
+// without a trace when the target codeset has no place for them.
+bool is_tag_character(uint32_t c) { return (c >> 7) == (0xE0000u >> 7); }
+
+// Latin-1 and ASCII take the code points below their limit as they are, drop
+// tag characters and refuse every other, like iconv's ISO-8859-1 and
+// ANSI_X3.4-1968 (which, too, want room for a character before they look at it).
 CodesetStep utf8_to_single_byte(uint32_t limit, const char *in, int32_t n, char *out,
                                 int32_t cap, int32_t *len) {
   const auto *next = reinterpret_cast<const unsigned char *>(in);
@@ -74,6 +79,7 @@ CodesetStep utf8_to_single_byte(uint32_t limit, const char *in, int32_t n, char 
       break;
     }
     const uint32_t c = next_code_point(next);
+    if (is_tag_character(c)) continue;
     if (c >= limit) {
       step = CodesetStep::kUnconvertible;
       break;

@@ -150,7 +150,12 @@ INSTANTIATE_TEST_SUITE_P(
                  "|" + std::string(19, ' ') + "C|\n|" + std::string(20, '*') + "|\n", ""},
         ToolCase{"UnitsAsHexadecimal", {"--utf16", "--bars", "NLDATE10.", "."}, 0,
                  "|20 20 20 20 20 20 20 20 20 2e|\n", ""},
-        ToolCase{"FieldWiderThanCapacity", {"--capacity", "3", "NLNUM8.", "."}, 0, "   \n", ""}),
+        ToolCase{"FieldWiderThanCapacity", {"--capacity", "3", "NLNUM8.", "."}, 0, "   \n", ""},
+        // Item 156 of de_DE, the currency symbol "<U20AC>", in the session encoding the entry sets from LANG.
+        ToolCase{"ItemExpandedToUtf8", {"--locale", "de_DE", "--item", "156", "--expand"}, 0, "\xE2\x82\xAC\n", "",
+                 "LC_ALL= LC_CTYPE= LANG=C.UTF-8"},
+        ToolCase{"ItemExpandedToAscii", {"--locale", "de_DE", "--item", "156", "--expand"}, 0, "?\n", "",
+                 "LC_ALL= LC_CTYPE= LANG=C"}),
     name_of);
 
 // Command lines that are refused: one line on stderr, status 2.
