@@ -84,7 +84,14 @@ std::string violation(const FormatCase &c, const GuardedRequest &r, const fmtreq
   if (back.outlen < 0 || back.outlen > sent.capacity) return "outlen outside the buffer";
   std::string field = r.field();
   std::erase(field, ' ');
-  if (mark != 0 && !units && !field.empty() && field != std::string(1, mark)) {
+  // The classic-based formats swap "." for the locale's one-byte decimal
+  // separator anywhere in the field, in the mark "." too.
+  char shown = mark;
+  if (mark == '.' && classic) {
+    char decimal[CORVINEL_LOCALE_TEXT];
+    if (getORBLocDB(decimal, sizeof decimal, 172, sent.locale) == 1) shown = decimal[0];
+  }
+  if (mark != 0 && !units && !field.empty() && field != std::string(1, shown)) {
     return "missing value shows " + field;
   }
   return {};

@@ -147,13 +147,16 @@ const Row kRows[] = {
     {F(nlbest), 6, 0, -0.125, "pt_BR", L1, "-0,125"},
     {F(nldfmt), 12, 3, -0.001, "de_DE", U8, "  -0,0010000"},
     {F(nldfmt), 6, 1, -1.25, "de_DE", U16, "  -1,3"},
-    {F(nldfmt), 12, 3, missing('.'), "de_DE", U8, "           ."},  // the host's mark
+    // The swap walks the whole field: the mark "." too.
+    {F(nldfmt), 12, 3, missing('.'), "de_DE", U8, "           ,"},
+    {F(nlbest), 6, 0, missing('A'), "de_DE", L1, "     A"},
     {F(nlpvalue), 6, 4, 0.00001, "de_DE", U8, "<,0001"},
     {F(nlpctp), 8, 1, -0.12, "fr_FR", U8, "( 12,0%)"},
     // The brackets become blanks and "-" stands before the first digit.
     {F(nlpctn), 8, 1, -0.12, "de_DE", U8, " -12,0% "},
     {F(nlpctn), 6, 0, -1.5, "en_US", U16, "-150% "},
-    {F(nlpctn), 6, 0, -0.001, "en_US", U8, "   0% "},
+    // PERCENT shows a plain zero; every negative value still gets the sign.
+    {F(nlpctn), 6, 0, -0.001, "en_US", U8, "  -0% "},
 
     // Names: left-aligned, outlen their length; bit 0 abbreviated, bit 1
     // upper case; the width counts session bytes.
