@@ -79,7 +79,10 @@ const Row kRows[] = {
     // "%.2f" is 10 wide: "%-8.2G" gives "1.2E+06 ", its point the locale's.
     {F(nlnum), 8, 2, 1234567.891, "de_DE", U8, " 1,2E+06"},
     {F(nlnum), 8, 2, 1234567.891, "de_DE", L1, " 1,2E+06"},  // printf writes "1,2E+06"
-    {F(nlnum), 8, 0, 1234567890, "en_US", U8, "   1E+09"},
+    // Without decimals "%G" writes no ".": the text "1E+09   " counts as
+    // digits and is grouped, blanks and all, until that is too wide.
+    {F(nlnum), 8, 0, 1234567890, "en_US", U8, " 1E,+09,"},
+    {F(nlnum), 5, 0, 1234567890, "en_US", U8, "1E+09"},
     {F(nlnum), 12, 2, 1e300, "en_US", U8, "      1E+300"},
     // "0.500" is too wide: "%-4.3G" drops the trailing zeros.
     {F(nlnum), 4, 3, 0.5, "en_US", U8, " 0.5"},
