@@ -23,7 +23,6 @@
 // then the "*" field.
 #include <algorithm>
 #include <climits>
-#include <cmath>
 #include <cstring>
 
 #include "corvinel/currency.h"
@@ -179,8 +178,6 @@ class AmountFitting {
 
 int32_t render_amount(fmtreq &request, const monetary_conventions &currency,
                       CurrencySymbol symbol, double value) {
-  // A NaN that is not a missing value, or an infinity, is no amount.
-  if (!std::isfinite(value)) return frame::fill_stars(request);
   const MonetaryConvention convention = read_monetary_convention(request.locale);
   const std::string_view shown = symbol == CurrencySymbol::InternationalCode
                                      ? text_or_empty(currency.int_curr_symbol)

@@ -89,7 +89,9 @@ const Row kRows[] = {
     {F(nlnum), 32, 31, 0.1, "en_US", U8, "0.100000000000000005551115123126"},
     {F(nlnum), 6, 2, -0.0, "en_US", U8, "  0.00"},
     {F(nlnum), 6, 2, -0.001, "en_US", U8, " -0.00"},
-    {F(nlnum), 6, 2, std::nan(""), "en_US", U8, "******"},
+    // A NaN that is no missing value and the infinities as printf writes them.
+    {F(nlnum), 6, 2, std::nan(""), "en_US", U8, "   nan"},
+    {F(nlmny), 8, 2, -INFINITY, "en_US", U8, "  ($inf)"},
     // A locale ORB_LOCALE does not name: COMMA, DOLLAR, PERCENT.
     {F(nlnum), 10, 2, 1234.5, "en_XX", U16, "  1,234.50"},
     {F(nlmny), 10, 2, -1234.5, "en_XX", U8, "$-1,234.50"},
@@ -134,6 +136,7 @@ const Row kRows[] = {
     {F(nlmnieur), 8, 2, 1234567890.5, "de_DE", U8, " 1,2E+09"},
     {F(nlmnieur), 8, 4, -1234567890.5, "de_DE", U8, "-1,2E+09"},
     {F(nlmnieur), 14, 2, -1234.5, "ar_DZ", U8, " EUR 1.234,50-"},
+    {F(nlmnieur), 10, 2, INFINITY, "de_DE", U8, "   inf EUR"},
     {F(nlmniusd), 5, 0, 12345, "en_US", U8, "12345"},  // "1E+04 " is 6
     {F(nlmniusd), 4, 0, 12345, "en_US", U8, "****"},
     {F(nlmniusd), 7, 2, 12345, "en_US", U8, " 1E+04 "},
