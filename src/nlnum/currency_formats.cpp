@@ -87,8 +87,10 @@ class AmountFitting {
     // Digit texts are kept up to kDigitTextCapacity - 1 bytes; a longer one
     // does not fit any field the texts are compared with.
     const int fitting = std::min(width, kDigitTextCapacity - 1);
-    // Without a decimal mark the convention has no fraction part.
-    const int decimals = marks_.decimal.empty() ? 0 : std::clamp(request_.decimals, 0, kMaxPrecision);
+    // Every attempt keeps the request's decimals, even under a convention
+    // without a decimal mark (a locale ORB_LOCALE does not name), where the
+    // fraction digits then follow the integer digits directly.
+    const int decimals = std::clamp(request_.decimals, 0, kMaxPrecision);
     char fixed[kDigitTextCapacity];
     const int fixed_length = texts_.fixed(value_, decimals, fixed);
     if (fixed_length <= 0) return frame::fill_stars(request_);

@@ -137,6 +137,8 @@ const Row kRows[] = {
     {F(nlmnieur), 8, 4, -1234567890.5, "de_DE", U8, "-1,2E+09"},
     {F(nlmnieur), 14, 2, -1234.5, "ar_DZ", U8, " EUR 1.234,50-"},
     {F(nlmnieur), 10, 2, INFINITY, "de_DE", U8, "   inf EUR"},
+    // No record: no marks, signs or selectors ("(V$)"), and no fallback.
+    {F(nlmnieur), 12, 2, 1234.5, "en_XX", U8, "  123450EUR "},
     {F(nlmniusd), 5, 0, 12345, "en_US", U8, "12345"},  // "1E+04 " is 6
     {F(nlmniusd), 4, 0, 12345, "en_US", U8, "****"},
     {F(nlmniusd), 7, 2, 12345, "en_US", U8, " 1E+04 "},
