@@ -10,7 +10,8 @@
 // grouping "3;2", read by its last digit in the engine and by its first in
 // the currency-code formats; money "-1,00 €" (de_DE), "-￥1" (ja_JP),
 // "د.ج.‏ 1-" (ar_DZ, 9 bytes of symbol), "-NT$1" (zh_TW), "CHF -1" (de_CH),
-// "-R$ 1" (pt_BR), "kr. -1" (da_DK).  The I forms use "." "," by 3 anywhere.
+// "-R$ 1" (pt_BR), "kr. -1" (da_DK).  NLNUMI and NLPCTI use "." "," by 3
+// anywhere; NLMNYI uses the money marks with the code.
 #include <cmath>
 #include <cstdint>
 #include <ostream>
@@ -126,6 +127,13 @@ const Row kRows[] = {
     {F(nlpct), 10, 1, 12.5, "fr_FR", U8, " 1\u00A0250,0%"},
     {F(nlpct), 8, 1, 0.125, "ja_JP", U16, "   12.5%"},
     {F(nlpcti), 10, 1, 12.5, "fr_FR", U8, "  1,250.0%"},
+    // Missing values: the units place of `decimals` places, the right edge
+    // for decimals outside the field; the percent formats two places left
+    // of that, for the "%" of their convention.
+    {F(nlnumi), 8, 2, missing('.'), "de_DE", U8, "     .  "},
+    {F(nlmny), 8, 8, missing('Z'), "en_US", L1, "       Z"},
+    {F(nlpct), 6, 99, missing('.'), "en_US", U8, "   .  "},
+    {F(nlpcti), 8, 2, missing('A'), "fr_FR", L1, "   A    "},
 
     // Currency codes: grouped with the code, ungrouped, without it; exponent
     // text with it, without it, with fewer digits by the excess; "%*.*f".
