@@ -37,22 +37,22 @@ constexpr ClassicBasedFormat kNlpctp{{4, 32, 0, 31}, ClassicRendering::Percent};
 constexpr int32_t kDecimalSeparatorItem = 172;
 constexpr int32_t kGroupSeparatorItem = 173;
 
-// PERCENT with a minus sign in place of the brackets: the brackets become
-// blanks and "-" goes directly before the first character, while the digits
-// stay where PERCENT put them.  A negative value that rounds to zero shows
-// no brackets and, like every classic rendering, no sign.
+// PERCENT with a minus sign in place of the brackets: the first ")" and the
+// first "(" become blanks and "-" goes directly before the first character,
+// while the digits stay where PERCENT put them.  Every negative value gets
+// the sign, so one that PERCENT shows as a plain zero reads "-0%".  PERCENT's
+// results other than 0 and 2 are handed on untouched.
 int32_t pctn(fmtreq &request) {
   const int32_t result = zfmpct(&request);
-  if (result != CORVINEL_OK) return result;
+  if (result != CORVINEL_OK && result != 2) return result;
   const double value = frame::read_value(request);
   if (frame::is_missing(value) || !(value < 0)) return result;
   char *const begin = request.output;
   char *const end = begin + std::clamp(request.outlen, 0, request.width);
-  char *const open = std::find(begin, end, '(');
-  if (open == end) return result;
-  *open = ' ';
-  if (char *const close = std::find(open, end, ')'); close != end) *close = ' ';
+  if (char *const close = std::find(begin, end, ')'); close != end) *close = ' ';
+  if (char *const open = std::find(begin, end, '('); open != end) *open = ' ';
   char *const first = std::find_if(begin, end, [](char c) { return c != ' '; });
+  // A field that begins with its first character (all "*") has no byte before it.
   if (first != begin && first != end) first[-1] = '-';
   return result;
 }
@@ -103,14 +103,14 @@ void put_locale_separators(fmtreq &request) {
 }
 
 // The classic rendering of the request, the locale's separators, then
-// output expansion with the caller's capacity.  A missing value keeps the
-// mark its classic rendering wrote: "." is the host's missing-value mark in
-// every locale, not a decimal point.  When expansion fails the field shows
-// "*" and the classic rendering's result is returned.
+// output expansion with the caller's capacity.  The swap walks the whole
+// field whatever it holds, so the mark of the ordinary missing value, ".",
+// shows as the locale's decimal separator too.  When expansion fails the
+// field shows "*" and the classic rendering's result is returned.
 int32_t render_with_locale_separators(fmtreq &request, const ClassicBasedFormat &format,
-                                      int32_t caller_capacity, double value) {
+                                      int32_t caller_capacity) {
   const int32_t classic_result = render_classic(request, format.classic);
-  if (!frame::is_missing(value)) put_locale_separators(request);
+  put_locale_separators(request);
   if (expand_for_request(request, request.output, &request.outlen, caller_capacity) <= 0) {
     return CORVINEL_OK;
   }
@@ -141,7 +141,7 @@ int32_t classic_based_frame(fmtreq *request, const ClassicBasedFormat &format) {
   // A field the buffer cannot hold is never handed to a classic rendering.
   int32_t result = CORVINEL_OK;
   if (frame::field_fits_buffer(r)) {
-    result = render_with_locale_separators(r, format, caller_capacity, value);
+    result = render_with_locale_separators(r, format, caller_capacity);
   } else if (frame::is_missing(value)) {
     result = frame::render_missing_number(r);
   } else {

@@ -23,7 +23,6 @@
 // then the "*" field.
 #include <algorithm>
 #include <climits>
-#include <cmath>
 #include <cstring>
 
 #include "corvinel/currency.h"
@@ -88,8 +87,10 @@ class AmountFitting {
     // Digit texts are kept up to kDigitTextCapacity - 1 bytes; a longer one
     // does not fit any field the texts are compared with.
     const int fitting = std::min(width, kDigitTextCapacity - 1);
-    // Without a decimal mark the convention has no fraction part.
-    const int decimals = marks_.decimal.empty() ? 0 : std::clamp(request_.decimals, 0, kMaxPrecision);
+    // Every attempt keeps the request's decimals, even under a convention
+    // without a decimal mark (a locale ORB_LOCALE does not name), where the
+    // fraction digits then follow the integer digits directly.
+    const int decimals = std::clamp(request_.decimals, 0, kMaxPrecision);
     char fixed[kDigitTextCapacity];
     const int fixed_length = texts_.fixed(value_, decimals, fixed);
     if (fixed_length <= 0) return frame::fill_stars(request_);
@@ -179,8 +180,6 @@ class AmountFitting {
 
 int32_t render_amount(fmtreq &request, const monetary_conventions &currency,
                       CurrencySymbol symbol, double value) {
-  // A NaN that is not a missing value, or an infinity, is no amount.
-  if (!std::isfinite(value)) return frame::fill_stars(request);
   const MonetaryConvention convention = read_monetary_convention(request.locale);
   const std::string_view shown = symbol == CurrencySymbol::InternationalCode
                                      ? text_or_empty(currency.int_curr_symbol)

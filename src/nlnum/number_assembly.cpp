@@ -51,9 +51,8 @@ void assemble_number(const char *digits, int decimals, const NumberMarks &marks,
   number.two_byte_decimal = false;
   Appender out(number.text, kMaxAssembledNumber);
 
-  const bool exponent = text.find('E') != std::string_view::npos;
   const std::size_t point = text.find('.');
-  if (exponent && point != std::string_view::npos) {
+  if (text.find('E') != std::string_view::npos && point != std::string_view::npos) {
     out.append(text.substr(0, point));
     out.append(marks.decimal);
     out.append(text.substr(point + 1));
@@ -65,7 +64,7 @@ void assemble_number(const char *digits, int decimals, const NumberMarks &marks,
   std::string_view integer = text;
   std::string_view fraction;
   bool has_fraction = false;
-  bool group = grouping_allowed && !exponent;
+  bool group = grouping_allowed;
   if (decimals > 0) {
     const std::string_view mark = *mon_decimal_point != '\0' ? mon_decimal_point : ".";
     const std::size_t at = text.find(mark);

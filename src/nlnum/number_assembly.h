@@ -46,9 +46,11 @@ struct AssembledNumber {
 //     locale's decimal mark.  With grouping allowed and an integer part
 //     longer than one group, groups of `grouping` digits counted from the
 //     right are joined by the separator.
-// A text with "E" is never grouped, with or without its "." (deliberate:
-// "%G" writes "1E+06" without a point when it keeps one digit, and grouping
-// it would give "1E+,06").
+// An exponent text without "." ("%G" keeps one digit: "1E+06", blank-padded
+// to its field) is no exponent text here: with 0 decimals it is all integer
+// part and is grouped like digits, blanks included: "1E+06   " becomes
+// "1E,+06,   ", shown as "1E,+06," (the engine drops the separators only
+// when the text is then too wide).
 void assemble_number(const char *digits, int decimals, const NumberMarks &marks,
                      bool grouping_allowed, const char *mon_decimal_point,
                      AssembledNumber &number);

@@ -1,7 +1,6 @@
 #include "nlnum/number_engine.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstring>
 
 #include "corvinel/locale_db.h"
@@ -118,7 +117,6 @@ int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtr
   const double value = request.value != nullptr ? *request.value : std_miss_val;
   if (zmiss(value)) return render_missing(request);
   std::memset(output, ' ', static_cast<std::size_t>(w));
-  if (!std::isfinite(value)) return fill_overflow(request, output, w);
 
   const typename Sources::Texts texts;
   const SessionCodeset codeset = Sources::session_codeset();

@@ -26,8 +26,8 @@ inline constexpr int32_t kWidestNumberField = 32;
 //   - width above 32: the request's width becomes 32 and the field 32 "*"
 //     (deliberate: the field never grows past 32; the width stays changed);
 //   - a missing value: its mark at the right edge;
-//   - a NaN that is not a missing value, or an infinity: the field of "*",
-//     as for every value that cannot be shown as a number;
+//   - a NaN that is not a missing value, or an infinity, is shown as printf
+//     writes it ("inf", "nan") in the locale's layout;
 //   - decimals below 0 count as 0; `decimals` is left as it was.
 // Returns 0 or kNoConvention.  Needs width <= capacity.
 int32_t zkfnum(char *output, int32_t width, int32_t mode, int32_t item, fmtreq *request);

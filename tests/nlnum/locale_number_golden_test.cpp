@@ -10,7 +10,8 @@
 // grouping "3;2", read by its last digit in the engine and by its first in
 // the currency-code formats; money "-1,00 €" (de_DE), "-￥1" (ja_JP),
 // "د.ج.‏ 1-" (ar_DZ, 9 bytes of symbol), "-NT$1" (zh_TW), "CHF -1" (de_CH),
-// "-R$ 1" (pt_BR), "kr. -1" (da_DK).  The I forms use "." "," by 3 anywhere.
+// "-R$ 1" (pt_BR), "kr. -1" (da_DK).  NLNUMI and NLPCTI use "." "," by 3
+// anywhere; NLMNYI uses the money marks with the code.
 #include <cmath>
 #include <cstdint>
 #include <ostream>
@@ -79,14 +80,19 @@ const Row kRows[] = {
     // "%.2f" is 10 wide: "%-8.2G" gives "1.2E+06 ", its point the locale's.
     {F(nlnum), 8, 2, 1234567.891, "de_DE", U8, " 1,2E+06"},
     {F(nlnum), 8, 2, 1234567.891, "de_DE", L1, " 1,2E+06"},  // printf writes "1,2E+06"
-    {F(nlnum), 8, 0, 1234567890, "en_US", U8, "   1E+09"},
+    // Without decimals "%G" writes no ".": the text "1E+09   " counts as
+    // digits and is grouped, blanks and all, until that is too wide.
+    {F(nlnum), 8, 0, 1234567890, "en_US", U8, " 1E,+09,"},
+    {F(nlnum), 5, 0, 1234567890, "en_US", U8, "1E+09"},
     {F(nlnum), 12, 2, 1e300, "en_US", U8, "      1E+300"},
     // "0.500" is too wide: "%-4.3G" drops the trailing zeros.
     {F(nlnum), 4, 3, 0.5, "en_US", U8, " 0.5"},
     {F(nlnum), 32, 31, 0.1, "en_US", U8, "0.100000000000000005551115123126"},
     {F(nlnum), 6, 2, -0.0, "en_US", U8, "  0.00"},
     {F(nlnum), 6, 2, -0.001, "en_US", U8, " -0.00"},
-    {F(nlnum), 6, 2, std::nan(""), "en_US", U8, "******"},
+    // A NaN that is no missing value and the infinities as printf writes them.
+    {F(nlnum), 6, 2, std::nan(""), "en_US", U8, "   nan"},
+    {F(nlmny), 8, 2, -INFINITY, "en_US", U8, "  ($inf)"},
     // A locale ORB_LOCALE does not name: COMMA, DOLLAR, PERCENT.
     {F(nlnum), 10, 2, 1234.5, "en_XX", U16, "  1,234.50"},
     {F(nlmny), 10, 2, -1234.5, "en_XX", U8, "$-1,234.50"},
@@ -121,6 +127,13 @@ const Row kRows[] = {
     {F(nlpct), 10, 1, 12.5, "fr_FR", U8, " 1\u00A0250,0%"},
     {F(nlpct), 8, 1, 0.125, "ja_JP", U16, "   12.5%"},
     {F(nlpcti), 10, 1, 12.5, "fr_FR", U8, "  1,250.0%"},
+    // Missing values: the units place of `decimals` places, the right edge
+    // for decimals outside the field; the percent formats two places left
+    // of that, for the "%" of their convention.
+    {F(nlnumi), 8, 2, missing('.'), "de_DE", U8, "     .  "},
+    {F(nlmny), 8, 8, missing('Z'), "en_US", L1, "       Z"},
+    {F(nlpct), 6, 99, missing('.'), "en_US", U8, "   .  "},
+    {F(nlpcti), 8, 2, missing('A'), "fr_FR", L1, "   A    "},
 
     // Currency codes: grouped with the code, ungrouped, without it; exponent
     // text with it, without it, with fewer digits by the excess; "%*.*f".
@@ -131,6 +144,9 @@ const Row kRows[] = {
     {F(nlmnieur), 8, 2, 1234567890.5, "de_DE", U8, " 1,2E+09"},
     {F(nlmnieur), 8, 4, -1234567890.5, "de_DE", U8, "-1,2E+09"},
     {F(nlmnieur), 14, 2, -1234.5, "ar_DZ", U8, " EUR 1.234,50-"},
+    {F(nlmnieur), 10, 2, INFINITY, "de_DE", U8, "   inf EUR"},
+    // No record: no marks, signs or selectors ("(V$)"), and no fallback.
+    {F(nlmnieur), 12, 2, 1234.5, "en_XX", U8, "  123450EUR "},
     {F(nlmniusd), 5, 0, 12345, "en_US", U8, "12345"},  // "1E+04 " is 6
     {F(nlmniusd), 4, 0, 12345, "en_US", U8, "****"},
     {F(nlmniusd), 7, 2, 12345, "en_US", U8, " 1E+04 "},
@@ -147,13 +163,16 @@ const Row kRows[] = {
     {F(nlbest), 6, 0, -0.125, "pt_BR", L1, "-0,125"},
     {F(nldfmt), 12, 3, -0.001, "de_DE", U8, "  -0,0010000"},
     {F(nldfmt), 6, 1, -1.25, "de_DE", U16, "  -1,3"},
-    {F(nldfmt), 12, 3, missing('.'), "de_DE", U8, "           ."},  // the host's mark
+    // The swap walks the whole field: the mark "." too.
+    {F(nldfmt), 12, 3, missing('.'), "de_DE", U8, "           ,"},
+    {F(nlbest), 6, 0, missing('A'), "de_DE", L1, "     A"},
     {F(nlpvalue), 6, 4, 0.00001, "de_DE", U8, "<,0001"},
     {F(nlpctp), 8, 1, -0.12, "fr_FR", U8, "( 12,0%)"},
     // The brackets become blanks and "-" stands before the first digit.
     {F(nlpctn), 8, 1, -0.12, "de_DE", U8, " -12,0% "},
     {F(nlpctn), 6, 0, -1.5, "en_US", U16, "-150% "},
-    {F(nlpctn), 6, 0, -0.001, "en_US", U8, "   0% "},
+    // PERCENT shows a plain zero; every negative value still gets the sign.
+    {F(nlpctn), 6, 0, -0.001, "en_US", U8, "  -0% "},
 
     // Names: left-aligned, outlen their length; bit 0 abbreviated, bit 1
     // upper case; the width counts session bytes.
