@@ -85,16 +85,19 @@ bool render_value(const Rendering &rendering, double value, const Options &optio
                  static_cast<int>(capacity));
     return false;
   }
-  if (result != 0) {
-    report_result(result);
-    return false;
-  }
   if (request.outlen < 0 || request.outlen > capacity) {
+    if (result != 0) report_result(result);
     std::fprintf(stderr, "corvinel-fmt: outlen %d lies outside the buffer of %d bytes\n",
                  static_cast<int>(request.outlen), static_cast<int>(capacity));
     return false;
   }
-  printer.print(buffer.data(), request.outlen);
+  // A classic rendering that cannot show its value still fills the field
+  // (with "*") and says so in its result: both are worth seeing.
+  if (result == 0 || request.outlen > 0) printer.print(buffer.data(), request.outlen);
+  if (result != 0) {
+    report_result(result);
+    return false;
+  }
   return true;
 }
 
