@@ -95,6 +95,7 @@ bool render_value(const Rendering &rendering, double value, const Options &optio
   // (with "*") and says so in its result: both are worth seeing.
   if (result == 0 || request.outlen > 0) printer.print(buffer.data(), request.outlen);
   if (result != 0) {
+    std::fflush(stdout);  // the field before the report on a shared terminal or file
     report_result(result);
     return false;
   }
