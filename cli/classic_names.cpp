@@ -28,7 +28,7 @@ constexpr Family kFamilies[] = {
 // suffix is the unsuffixed routine.
 struct SeparatorFamily {
   std::string_view name;
-  std::string_view unsuffixed;  // routine for the bare family name
+  std::string_view unsuffixed;  // routine for the bare family name, if any
   std::string_view stem;        // routine stem the suffix is appended to
   std::string_view letters;     // separator letters accepted after the name
   std::array<std::string_view, 7> suffixes;
@@ -43,7 +43,7 @@ constexpr SeparatorFamily kSeparatorFamilies[] = {
     {"YYMMDD", "zfmymd", "zfmymd", "BCDNPS", {"b", "c", "", "n", "p", "s"}, 8},
     {"MMYY", "zfmmmy", "zfmmmy", "CDNPS", {"c", "d", "n", "p", "s"}, 7},
     {"YYMM", "zfmyym", "zfmyym", "CDNPS", {"c", "d", "n", "p", "s"}, 7},
-    {"YYQ", "zfmyyq", "zfmyyq", "CDNPS", {"c", "d", "n", "p", "s"}, 6},
+    {"YYQ", "", "zfmyyq", "CDNPS", {"c", "d", "n", "p", "s"}, 6},
     {"YYQR", "zfmyyqr", "zfmyqr", "CDNPS", {"c", "d", "n", "p", "s"}, 8},
 };
 
@@ -57,7 +57,10 @@ std::string lower(std::string_view name) {
 
 std::optional<ClassicRoutine> find_separator_member(std::string_view name) {
   for (const SeparatorFamily &family : kSeparatorFamilies) {
-    if (name == family.name) return ClassicRoutine{std::string(family.unsuffixed), family.width, 0};
+    if (name == family.name) {
+      if (family.unsuffixed.empty()) return std::nullopt;  // YYQ needs its letter
+      return ClassicRoutine{std::string(family.unsuffixed), family.width, 0};
+    }
     if (name.size() != family.name.size() + 1 || !name.starts_with(family.name)) continue;
     const std::size_t letter = family.letters.find(name.back());
     if (letter == std::string_view::npos) continue;
@@ -67,6 +70,26 @@ std::optional<ClassicRoutine> find_separator_member(std::string_view name) {
     return ClassicRoutine{symbol, family.width, 0};
   }
   return std::nullopt;
+}
+
+// Whether `symbol` is one of the classic renderings a family name reaches
+// (w.d is zfmt).  Other routines of the module take other arguments and
+// must not be called with a request.
+bool is_rendering(std::string_view symbol) {
+  if (symbol == "zfmt") return true;
+  for (const Family &family : kFamilies) {
+    if (symbol == family.symbol) return true;
+  }
+  for (const SeparatorFamily &family : kSeparatorFamilies) {
+    if (!family.unsuffixed.empty() && symbol == family.unsuffixed) return true;
+    for (const std::string_view suffix : family.suffixes) {
+      if (!suffix.empty() && symbol.size() == family.stem.size() + suffix.size() &&
+          symbol.starts_with(family.stem) && symbol.ends_with(suffix)) {
+        return true;
+      }
+    }
+  }
+  return false;
 }
 
 }  // namespace
@@ -79,7 +102,9 @@ std::optional<ClassicRoutine> find_classic(std::string_view name) {
     }
   }
   if (auto member = find_separator_member(name)) return member;
-  if (name.starts_with("Z")) return ClassicRoutine{lower(name), kRoutineDefaultWidth, 0};
+  if (const std::string symbol = lower(name); is_rendering(symbol)) {
+    return ClassicRoutine{symbol, kRoutineDefaultWidth, 0};
+  }
   return std::nullopt;
 }
 

@@ -17,8 +17,9 @@ struct ClassicRoutine {
 };
 
 // `name` in upper case (as parse_format gives it).  A family name maps to its
-// routine; any other name starting with "Z" is taken as a routine name.
-// Nothing for names that are neither.
+// routine; the name of a classic rendering's routine ("ZFMYMDS") to that
+// routine.  Nothing for other names, and for routines that are not
+// renderings (zfmcprt, the month-year worker zfmdlmy).
 std::optional<ClassicRoutine> find_classic(std::string_view name);
 
 }  // namespace corvinel::cli

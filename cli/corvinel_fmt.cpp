@@ -36,7 +36,8 @@ constexpr const char *kHelp =
     "  --utf16              ask for 16-bit units; printed as hexadecimal bytes\n"
     "  --capacity N         size of the output buffer (default: width, at least 402)\n"
     "  --bars               print each result between | and |\n"
-    "  --classic            FORMAT names a classic rendering (COMMA10.2, zfmdate9.)\n"
+    "  --classic            FORMAT names a classic rendering (COMMA10.2, zfmdate9.;\n"
+    "                       a bare w.d such as 6.3 is w.d, zfmt)\n"
     "  --list               print the registry: name, width and decimals limits\n"
     "                       with defaults in brackets, kind\n"
     "  --item N             print locale item N of the current locale\n"
@@ -64,9 +65,15 @@ const fmtdesc *find_descriptor(const struct fmtinfo &registry, const std::string
   return nullptr;
 }
 
+// Whether FORMAT is a bare w.d ("6.3", "12.", ".2"), which names w.d itself.
+bool is_bare_width_and_decimals(const std::string &format) {
+  return !format.empty() && (format[0] == '.' || (format[0] >= '0' && format[0] <= '9'));
+}
+
 // The routine, width and decimals FORMAT names.
 Rendering resolve_rendering(const Module &module, const Options &options) {
-  const ParsedFormat parsed = parse_format(options.format);
+  const bool bare = options.classic && is_bare_width_and_decimals(options.format);
+  const ParsedFormat parsed = parse_format(bare ? "zfmt" + options.format : options.format);
   Rendering rendering;
   if (options.classic) {
     const auto classic = find_classic(parsed.name);

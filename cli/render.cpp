@@ -85,6 +85,8 @@ bool render_value(const Rendering &rendering, double value, const Options &optio
                  static_cast<int>(capacity));
     return false;
   }
+  // A result other than 0 is reported, not printed: whatever the routine left
+  // in the field (a classic rendering's "*") is not a rendering of the value.
   if (result != 0) {
     report_result(result);
     return false;

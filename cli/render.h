@@ -23,9 +23,9 @@ struct Printer {
   void print(const char *bytes, int32_t length) const;
 };
 
-// Renders one value and prints the result; on a result other than 0 (or a
-// format that broke its buffer) prints nothing on stdout, reports on stderr
-// and returns false.
+// Renders one value and prints the field it left.  On a result other than 0
+// (or a format that broke its buffer) prints nothing on stdout, reports on
+// stderr and returns false.
 bool render_value(const Rendering &rendering, double value, const Options &options,
                   const Printer &printer);
 

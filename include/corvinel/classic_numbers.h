@@ -60,8 +60,8 @@ CORVINEL_API int32_t zfmdlr(fmtreq *request);
    width - 3 bytes; "%"; ")" for a negative value or a blank.  When it does
    not fit: fewer decimals, then "*" (always "*" below width 4).  A missing
    value's mark stands in the number zone: at width - 3 - decimals, or at
-   width - 3 when decimals is not in 0..width-1; a position before the field
-   writes no mark. */
+   width - 3 when decimals is not in 0..width-3; below width 3, where there
+   is no zone, at the right edge. */
 CORVINEL_API int32_t zfmpct(fmtreq *request);
 
 /* PVALUE w.d: w.d, except that a value with 0 <= x < 10^-d is written "<"

@@ -16,7 +16,7 @@ extern "C" {
 
 // ddMONyy or ddMONyyyy, ":" and the time of day, as much of the time as the
 // width leaves room for: 01JAN60:00 (10), 01JAN60:00:00 (13),
-// 01JAN60:00:00:00 (16), 01JAN1960:00:00:00 from 18 (right-aligned in 19),
+// 01JAN60:00:00:00 (16), 01JAN1960:00:00:00 from 19 (after a blank there),
 // and the decimals beyond.
 int32_t zfmdttm(fmtreq *request) {
   int32_t result = CORVINEL_OK;

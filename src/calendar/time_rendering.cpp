@@ -22,9 +22,11 @@ namespace {
 constexpr double kDay = 86400;
 constexpr double kMaxHours = 9007199254740992.0;  // 2^53
 // The seconds field shows at most this many decimals (zpowten's last
-// power); a double carries about 15 of them, the rest are zeros.
+// power); of its digits, whole seconds included, at most 15 significant
+// ones are taken from the value, as in every classic number, and the
+// places beyond them are zeros.
 constexpr int32_t kMaxSecondDecimals = 31;
-constexpr int32_t kSignificantDecimals = 15;
+constexpr int32_t kTrustedDigits = 15;
 
 int32_t digit_count(int64_t value) {
   int32_t digits = 1;
@@ -51,7 +53,8 @@ bool seconds_carry(double fraction, int32_t decimals) {
 
 // The seconds field: whole seconds in two positions with a leading zero,
 // then with n > 0 the point and n decimals, the fraction rounded half up at
-// n decimals (as zround rounds).  The caller has taken every carry into the
+// n decimals (as zround rounds), or at the fifteenth significant digit when
+// that comes first.  The caller has taken every carry into the
 // whole seconds, so the decimals stop at 9...9 and never show 60.  Returns
 // the length, n + 2 (+1 for the point).  This is the fixed-point rendering
 // of the classic w.d format at width n + 2 (+1) with its leading blank
@@ -60,7 +63,8 @@ int32_t put_seconds(char *out, int64_t whole, double fraction, int32_t decimals)
   put_two_digits(out, static_cast<double>(whole));
   if (decimals == 0) return 2;
   out[2] = '.';
-  const int32_t significant = std::min(decimals, kSignificantDecimals);
+  const int32_t whole_digits = whole == 0 ? 0 : (whole < 10 ? 1 : 2);
+  const int32_t significant = std::min(decimals, kTrustedDigits - whole_digits);
   double units = 0;
   zround(&units, fraction * zpowten[significant], 1);
   units = std::min(units, zpowten[significant] - 1);

@@ -17,13 +17,16 @@ constexpr int32_t kRightEdgeDecimals = 99;
 void render_missing(fmtreq *request, MissingMark mark) {
   const int32_t width = request->width;
   const int32_t decimals = request->decimals;
-  const bool decimals_in_field = decimals >= 0 && decimals < width;
+  // The percent layout keeps "%" and ")" right of its number zone: a field
+  // two bytes narrower puts the mark where the zone's point would be, or at
+  // the zone's last byte.  A field of one or two bytes has no zone and takes
+  // the mark at its edge.
+  const int32_t mark_width = mark == MissingMark::kPercentZone && width > 2 ? width - 2 : width;
+  const bool decimals_in_field = decimals >= 0 && decimals < mark_width;
   if (mark == MissingMark::kRightEdge || !decimals_in_field) {
     request->decimals = kRightEdgeDecimals;
   }
-  // The percent layout keeps "%" and ")" right of its number zone: a field
-  // two bytes narrower puts the mark where the zone's point would be.
-  if (mark == MissingMark::kPercentZone) request->width = width - 2;
+  request->width = mark_width;
   zfmmiss(request);
   request->width = width;
   request->decimals = decimals;

@@ -1,11 +1,16 @@
 // Digit generation for the classic renderings.  Rounding to a decimal place
-// goes through zround, so the renderings agree with every other user of it;
-// the rounded multiple is then read back as an integer count of units, which
-// is exact below 10^15 units and needs no text conversion.  Only magnitudes
-// with more digits than that go through std::to_chars, which is exact and
-// does not allocate.
+// goes through zround, so the renderings agree with every other user of it.
+// A place below the fifteenth significant digit is not rounded at: the
+// digits past the fifteenth are not shown, so the value is rounded at the
+// fifteenth instead, once (rounding at the requested place first and then
+// cutting would round twice: 7878399991.41335487 to six places is
+// ...413355, cut to ...41336).  Either way the count of units has at most 15
+// digits (16 after a carry) and is read back without text conversion; only
+// subnormal places go through std::to_chars, which is exact and does not
+// allocate.
 #include "numeric/decimal_digits.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
@@ -15,7 +20,6 @@
 namespace corvinel::numeric {
 namespace {
 
-constexpr double kExactCountLimit = 1e15;  // counts below this have <= 15 digits
 constexpr int64_t kSmallestNormalPlace = -307;  // 10^-307 is the last normal power
 
 // Drops trailing zero digits (the number stays the same).
@@ -47,9 +51,9 @@ Decimal digits_from_binary(double magnitude, int significant) {
   return decimal;
 }
 
-// count × 10^place for an integral count below 2^53, cut to kTrustedDigits
-// significant digits (half up; a count of sixteen digits arises only when a
-// rounding overflows the doubles).
+// count × 10^place for an integral count of at most 16 digits, cut to
+// kTrustedDigits significant digits (a sixteenth digit arises only from a
+// carry, 999999999999999.5 to 10^15, and is a zero).
 Decimal digits_of_count(double count, int64_t place) {
   constexpr uint64_t kSmallestSixteenDigitCount = 1000000000000000;  // 10^15
   auto units = static_cast<uint64_t>(count);
@@ -75,6 +79,12 @@ Decimal digits_of_count(double count, int64_t place) {
   return decimal;
 }
 
+// The first kTrustedDigits significant digits of the magnitude, rounded
+// from its exact binary value.
+Decimal trusted_digits(double magnitude) {
+  return digits_from_binary(magnitude, kTrustedDigits);
+}
+
 }  // namespace
 
 int decimal_exponent(double magnitude) {
@@ -91,12 +101,9 @@ int decimal_exponent(double magnitude) {
   return exponent;
 }
 
-Decimal trusted_digits(double magnitude) {
-  return digits_from_binary(magnitude, kTrustedDigits);
-}
-
 Decimal round_to_place(double magnitude, int64_t place) {
   if (!(magnitude > 0) || place > 308) return Decimal{};
+  place = std::max<int64_t>(place, decimal_exponent(magnitude) - (kTrustedDigits - 1));
   if (place < kSmallestNormalPlace) {
     // Units below 10^-307 are subnormal: too coarse to count in (10^-322 is
     // off by 1.2%).  Round the exact value at the place instead.
@@ -127,11 +134,9 @@ Decimal round_to_place(double magnitude, int64_t place) {
     zround(&count, magnitude / unit, 1.0);
     return digits_of_count(count, place);
   }
-  // rounded = count × unit with one rounding error, so the quotient is
-  // within a quarter of the integral count while the count stays below 10^15.
-  const double count = rounded / unit;
-  if (count < kExactCountLimit) return digits_of_count(std::nearbyint(count), place);
-  return trusted_digits(rounded);
+  // rounded = count × unit with one rounding error, and the count is at
+  // most 10^15, so the quotient lies within a quarter of it.
+  return digits_of_count(std::nearbyint(rounded / unit), place);
 }
 
 }  // namespace corvinel::numeric

@@ -34,12 +34,9 @@ struct Decimal {
 // power, still has exponent 23).
 int decimal_exponent(double magnitude);
 
-// The first kTrustedDigits significant digits of a positive finite magnitude,
-// rounded from its exact binary value.
-Decimal trusted_digits(double magnitude);
-
 // The positive finite magnitude rounded by zround to a multiple of 10^place,
-// then cut to at most kTrustedDigits significant digits.  Below 10^-307,
+// or of the unit of its fifteenth significant digit when that is coarser, so
+// that it has at most kTrustedDigits significant digits.  Below 10^-307,
 // where the units are subnormal and inexact, the exact binary value is
 // rounded instead (half to even, which a binary value almost never meets);
 // a place above 308 gives zero, since every double is below half of 10^309.

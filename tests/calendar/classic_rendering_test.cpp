@@ -142,6 +142,8 @@ const RenderCase kTimes[] = {
     {RENDERER(zfmtime), 7.256, {" 0:00:07", "0:00:07.3", "0:00:07.26", " 0:00:07.26"}, 2},
     {RENDERER(zfmtime), 7.25, {" 0:00:07"}, -3},
     {RENDERER(zfmtime), 7.25, {" 0:00:07.2500000000000000000000000000000"}, 40},
+    // Fifteen significant digits of the seconds, whole seconds included.
+    {RENDERER(zfmtime), 16239.99996, {"4:30:39.999959999999200"}, 15},
     {RENDERER(zfmtime), 59.97, {" 0:01:00", "0:01:00.0", "0:00:59.97"}, 3},
     {RENDERER(zfmtime), 35999.6, {"10:00:00", "9:59:59.6"}, 3},
     {RENDERER(zfmtime), missing('.'), {"       ."}, 2},

@@ -73,8 +73,9 @@ TEST(FindClassic, MapsAFamilyToItsRoutine) {
       {"BEST", "zfmt", 12, 99},     {"PVALUE", "zfmpval", 6, 4},  {"MMDDYY", "zfmmdy", 8, 0},
       {"MMDDYYB", "zfmmdyb", 8, 0}, {"MMDDYYS", "zfmmdy", 8, 0},  {"DDMMYYP", "zfmdmyp", 8, 0},
       {"YYMMDDD", "zfmymd", 8, 0},  {"YYMMDDS", "zfmymds", 8, 0}, {"MMYYS", "zfmmmys", 7, 0},
-      {"YYMMN", "zfmyymn", 7, 0},   {"YYQ", "zfmyyq", 6, 0},      {"YYQR", "zfmyyqr", 8, 0},
-      {"YYQRD", "zfmyqrd", 8, 0},   {"ZFMYMDS", "zfmymds", 8, 0}, {"ZFMT", "zfmt", 8, 0}};
+      {"YYMMN", "zfmyymn", 7, 0},   {"YYQC", "zfmyyqc", 6, 0},    {"YYQR", "zfmyyqr", 8, 0},
+      {"YYQRD", "zfmyqrd", 8, 0},   {"ZFMYMDS", "zfmymds", 8, 0}, {"ZFMT", "zfmt", 8, 0},
+      {"ZFMYQRS", "zfmyqrs", 8, 0}, {"ZFMTIMM", "zfmtimm", 8, 0}};
   for (const auto &c : cases) {
     const auto routine = corvinel::cli::find_classic(c.name);
     ASSERT_TRUE(routine.has_value()) << c.name;
@@ -82,7 +83,9 @@ TEST(FindClassic, MapsAFamilyToItsRoutine) {
                 routine->default_decimals == c.decimals && routine->best == (c.decimals == 99))
         << c.name;
   }
-  for (const char *name : {"NLNUM", "MMDDYYX", "YYQB", "MMYYB", "COMMAX", "", "YYQRR"}) {
+  // YYQ has no unsuffixed member; the workers and helpers take no request.
+  for (const char *name : {"NLNUM", "MMDDYYX", "YYQB", "MMYYB", "COMMAX", "", "YYQRR", "YYQ",
+                           "ZFMYYQ", "ZFMCPRT", "ZFMDLMY", "ZROUND", "ZDATRNG", "ZFMTX"}) {
     EXPECT_FALSE(corvinel::cli::find_classic(name).has_value()) << name;
   }
 }
@@ -155,7 +158,11 @@ INSTANTIATE_TEST_SUITE_P(
         ToolCase{"ItemExpandedToUtf8", {"--locale", "de_DE", "--item", "156", "--expand"}, 0, "\xE2\x82\xAC\n", "",
                  "LC_ALL= LC_CTYPE= LANG=C.UTF-8"},
         ToolCase{"ItemExpandedToAscii", {"--locale", "de_DE", "--item", "156", "--expand"}, 0, "?\n", "",
-                 "LC_ALL= LC_CTYPE= LANG=C"}),
+                 "LC_ALL= LC_CTYPE= LANG=C"},
+        ToolCase{"ClassicBareWidthAndDecimals", {"--bars", "--classic", "6.3", "23.45", "-1234"}, 0,
+                 "|23.450|\n| -1234|\n", ""},
+        ToolCase{"ClassicOverflowReportedNotPrinted", {"--bars", "--classic", "2.", "123", "12"}, 3,
+                 "|12|\n", "corvinel-fmt: result -2147362777 (0x8001d827)\n"}),
     name_of);
 
 // Command lines that are refused: one line on stderr, status 2.

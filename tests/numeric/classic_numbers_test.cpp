@@ -158,8 +158,9 @@ const Example kExamples[] = {
     {kWd, kBest, missing('A'), "       A"}, {kWd, 98, missing('A'), "   A"},
     {kComma, 2, missing('B'), "     B  "}, {kDollar, 1, missing('C'), "  C "},
     {kPvalue, 4, missing('.'), " .    "}, {kD, 2, missing('D'), "       D"},
-    {kPercent, 2, missing('E'), "   E    "}, {kPercent, 6, missing('F'), "        "},
-    {kPercent, 0, missing('G'), " G  "}, {kPercent, 5, missing('H'), "  "},
+    {kPercent, 2, missing('E'), "   E    "}, {kPercent, 6, missing('F'), "     F  "},
+    {kPercent, 0, missing('G'), " G  "}, {kPercent, 5, missing('H'), " H"},
+    {kPercent, 2, missing('.'), ".  "}, {kPercent, 0, missing('I'), "I"},
     {kWd, 2, std::bit_cast<double>(0xFFFF000000000000ull), "      "},  // a code without a mark
 };
 

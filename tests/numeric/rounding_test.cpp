@@ -1,6 +1,7 @@
 // zround, the powers of ten and the small guards, and the digits the
 // renderings take from them: reading zround's multiple back as a count of
-// units must give the digits that printing the multiple gives; below
+// units must give the digits that printing the multiple gives, rounded at
+// the place or at the fifteenth significant digit if that is coarser; below
 // 10^-307, where the units are subnormal, the exact value is rounded as
 // printf rounds it.
 #include <algorithm>
@@ -96,17 +97,20 @@ TEST(RoundToPlace, AgreesWithPrintingZroundsMultiple) {
     if (!(magnitude > 0)) continue;
     const int exponent = decimal_exponent(magnitude);
     const int place = std::min(exponent - offset(random), 308);
+    const int rounded_place = std::max(place, exponent - 14);
     double multiple = 0;
-    zround(&multiple, magnitude, zpow10(place));
+    zround(&multiple, magnitude, zpow10(rounded_place));
     if (place < -307 && place > exponent) continue;
-    const std::string expected = place >= -307
+    const std::string expected = rounded_place >= -307
                                      ? printed(multiple, 15)
                                      : printed(magnitude, std::min(exponent - place + 1, 15));
     ASSERT_EQ(describe(round_to_place(magnitude, place)), expected) << magnitude << " at " << place;
   }
 }
 
-// Carries, DBL_MAX rounded beyond the doubles (the digits survive), and
+// Carries; places below the fifteenth digit, rounded at the fifteenth
+// once (not at the place, then again at the fifteenth); DBL_MAX rounded
+// beyond the doubles (the digits survive); and
 // below 10^-307 the exact value rounded (2.2e-308 counted in units of
 // 10^-322 would be 2.226e-308), to one unit or to none.
 TEST(RoundToPlace, Edges) {
@@ -116,6 +120,8 @@ TEST(RoundToPlace, Edges) {
     const char *expected;
   } cases[] = {
       {999.9996, -3, "1@3"}, {0.0004, -3, "0"}, {1.2345678901234568e17, 0, "123456789012346@17"},
+      {208141875261.24753, -4, "208141875261248@11"}, {7878399991.413355, -6, "787839999141335@9"},
+      {999999999999999.5, -1, "1@15"}, {5.3179261038530848e-109, -124, "531792610385308@-109"},
       {DBL_MAX, 308, "2@308"}, {DBL_MAX, 293, "179769313486232@308"}, {DBL_MAX, 309, "0"},
       {5e-324, -330, "4940656@-324"}, {1e-310, -400, "999999999999997@-311"},
       {2.2e-308, -322, "22@-308"}, {6e-321, -320, "1@-320"}, {4e-321, -320, "0"}};
