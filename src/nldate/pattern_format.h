@@ -8,12 +8,11 @@
 #include "corvinel/fmtreq.h"
 #include "frame/format_frame.h"
 #include "nldate/date_value.h"
+#include "nldate/entry_routines.h"
 
 namespace corvinel::nldate {
 
-// Added to an item number in a pattern selector.
-inline constexpr int32_t kAppendZoneOffset = 256;  // " %z" follows the item's text
-inline constexpr int32_t kSelectorMark = 4096;     // carried, not read
+// A second pass that is not there.
 inline constexpr int32_t kNoPattern = 0;
 
 // What a format shows when none of its patterns fits.
