@@ -24,3 +24,25 @@ int32_t expand(int32_t locale, const char *pattern, int32_t pattern_length, char
                double minute, double second);
 
 }  // namespace corvinel::nldate
+
+namespace corvinel::nldate {
+
+// Bounds of the expander's stack work areas.  The pattern after the
+// substitution of "%x" and "%X" must fit kPatternBound bytes, else the
+// pattern is refused like one with an unknown directive (-2, nothing
+// written).  The text is kept up to kTextBound bytes and counted beyond:
+// a null output still gets the full length, a field narrower than the
+// bound still gets its first bytes (result 1), and only a field wider than
+// the bound for a text longer than it is refused (-2).  Every locale item
+// is shorter than 160 bytes, so locale patterns stay far inside both.
+// More than kTextBound fraction digits count as kTextBound.
+inline constexpr int32_t kPatternBound = 1024;
+inline constexpr int32_t kTextBound = 4096;
+
+// expand with every locale item fetched through wzssglc into an item
+// buffer: the straightforward path the tests compare expand with.
+int32_t expand_reference(int32_t locale, const char *pattern, int32_t pattern_length,
+                         char *output, int32_t *field_width, int32_t fraction_digits, double date,
+                         double hour, double minute, double second);
+
+}  // namespace corvinel::nldate

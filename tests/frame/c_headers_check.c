@@ -16,6 +16,7 @@
 #include "corvinel/text.h"
 #include "corvinel/transcode.h"
 #include "corvinel/unicode.h"
+#include "corvinel/weeks.h"
 
 const struct fmtinfo *(*const corvinel_c_entry)(void) = corvinel;
 const fmt_render_fn corvinel_c_formats[] = {nlnum, nldfmt, nltimeap, nlmniusd, nlmnlzar};
