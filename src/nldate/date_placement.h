@@ -1,0 +1,31 @@
+// The last step of the date, datetime and time formats: a narrow text
+// through output expansion into the session encoding (or 16-bit units),
+// placed at the start of the request's field.
+#pragma once
+
+#include <cstdint>
+
+#include "corvinel/fmtreq.h"
+
+namespace corvinel::nldate {
+
+// How far an expansion result may go and still count as shown.
+enum class Accept {
+  kWhole,      // 0 or less: the text fits as it is
+  kShortened,  // 1 or less: a text cut back to the width is shown too
+};
+
+// Expands `length` bytes of `text` with the request's transcoding words,
+// width and capacity.  When the result is accepted, blank-fills `capacity`
+// bytes of `output`, copies the expanded text to its start and sets
+// `outlen` to its length; otherwise writes nothing.  Returns the
+// expansion's result.  Requires 1 <= width <= capacity.
+int32_t place_at_start(fmtreq &request, const char *text, int32_t length, Accept accept);
+
+// The text `outlen` bytes of the field hold (a classic rendering or a short
+// form), trailing blanks stripped and moved left over its leading blanks
+// (the freed tail blank-filled and `outlen` reduced), then expanded in
+// place; returns the expansion's result.
+int32_t left_justify_and_expand(fmtreq &request);
+
+}  // namespace corvinel::nldate
