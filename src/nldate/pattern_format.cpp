@@ -1,17 +1,108 @@
 #include "nldate/pattern_format.h"
 
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+#include "corvinel/classic_dates.h"
+#include "corvinel/rounding.h"
 #include "nldate/date_frame.h"
+#include "nldate/date_placement.h"
+#include "nldate/pattern_expander.h"
+#include "nldate/short_numeric_form.h"
 
 namespace corvinel::nldate {
 namespace {
 
-// A present value in range: for each number of fraction digits from
-// `decimals` down to 0 the first pattern, then the second, then the fallback,
-// each kept when output expansion says it fits.  Not built yet: the field
-// shows "*".
-int32_t render_with_locale_patterns(fmtreq &request, const PatternFormat & /*format*/,
-                                    double /*value*/) {
+// The time of day of a time value: a negative time counts back from the
+// end of a day, a time of a day or more is reduced modulo one day.
+double brought_into_one_day(double time) {
+  if (time < 0) time = 86400 - std::fmod(std::fabs(time), 86400);
+  if (time >= 86400) time = std::fmod(time, 86400);
+  return time;
+}
+
+double rounded_to(double value, int32_t digits) {
+  double result = value;
+  zround(&result, value, zpow10(-digits));
+  return result;
+}
+
+// One pass: the pattern of `selector` expanded for each number of fraction
+// digits from the request's decimals down to 0 (a date is expanded once),
+// kept when output expansion says it fits.  Returns 0 when the text was
+// placed, else the last result (1: the text was too long).
+int32_t try_pattern(fmtreq &request, ValueKind kind, int32_t selector, double value) {
+  int32_t last = 0;
+  // Fraction digits beyond the work area give texts longer than it, so the
+  // attempts above start at the same results as those below.
+  const int32_t most = kind == ValueKind::Date ? std::min(request.decimals, 0)
+                                               : std::min(request.decimals, kWorkAreaSize);
+  for (int32_t digits = most; digits >= 0; --digits) {
+    char work[kWorkAreaSize];
+    int32_t length = kWorkAreaSize;
+    switch (kind) {
+      case ValueKind::Date:
+        last = zkfdate(request.locale, work, &length, nullptr, selector, value);
+        break;
+      case ValueKind::Datetime:
+        last = zkfdttm(request.locale, work, &length, nullptr, selector, digits,
+                       rounded_to(value, digits));
+        break;
+      case ValueKind::Time:
+        last = zkftime(request.locale, work, &length, nullptr, selector, digits,
+                       rounded_to(value, digits));
+        break;
+    }
+    if (last != kExpandFits) continue;
+    last = place_at_start(request, work, length, Accept::kWhole);
+    if (last <= 0) return 0;
+  }
+  return last == 0 ? kExpandTooLong + 1 : last;
+}
+
+// A classic rendering of `value` into the request (the value pointer
+// pointed at it for the call), then stripped, left-justified and expanded.
+int32_t classic_fallback(fmtreq &request, int32_t (*render)(fmtreq *), double value) {
+  const double *own = request.value;
+  request.value = &value;
+  const int32_t result = render(&request);
+  request.value = own;
+  if (result != CORVINEL_OK) return frame::fill_stars(request);
+  if (left_justify_and_expand(request) <= 0) return CORVINEL_OK;
   return frame::fill_stars(request);
+}
+
+int32_t render_fallback(fmtreq &request, Fallback fallback, double value) {
+  std::memset(request.output, ' ', static_cast<std::size_t>(request.capacity));
+  switch (fallback) {
+    case Fallback::None:
+      break;
+    case Fallback::ShortDate:
+      return render_short_numeric(request, ShortForm::Date, value);
+    case Fallback::ShortDatetime:
+      return render_short_numeric(request, ShortForm::DatetimeSeconds, value);
+    case Fallback::ClassicTime:
+      return classic_fallback(request, zfmtime, value);
+    case Fallback::ClassicTimeOfDay:
+      return classic_fallback(request, zfmtod, value);
+    case Fallback::ClassicTimeAmPm:
+      return classic_fallback(request, zfmtimm, value);
+  }
+  return frame::fill_stars(request);
+}
+
+// A present value in range: the first pattern, the second when the first
+// was too long, then the fallback.
+int32_t render_with_locale_patterns(fmtreq &request, const PatternFormat &format, double value) {
+  if (format.kind == ValueKind::Time) value = brought_into_one_day(value);
+  int32_t last = try_pattern(request, format.kind, format.first_selector, value);
+  if (last == 0) return CORVINEL_OK;
+  if (last == kExpandTooLong && format.second_selector != kNoPattern) {
+    last = try_pattern(request, format.kind, format.second_selector, value);
+    if (last == 0) return CORVINEL_OK;
+  }
+  return render_fallback(request, format.fallback, value);
 }
 
 }  // namespace

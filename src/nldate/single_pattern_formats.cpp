@@ -3,12 +3,16 @@
 // weekday names (MN, WN), the weekday date (W) and the datetime forms.  Each
 // expands exactly one pattern, without a shorter retry or a fallback, and
 // takes its limits from its own registry descriptor.
+#include <cstring>
 #include <string_view>
 
 #include "corvinel/formats.h"
 #include "frame/format_frame.h"
 #include "frame/registry.h"
+#include "locale/output_expansion.h"
+#include "nldate/date_placement.h"
 #include "nldate/date_value.h"
+#include "nldate/pattern_expander.h"
 #include "nldate/pattern_format.h"
 #include "nldate/short_numeric_form.h"
 
@@ -19,66 +23,118 @@ namespace {
 // short numeric form instead of expanding a pattern.
 constexpr int32_t kShortFormSentinel = 190;
 
+// One entry of a format's pattern table: a pattern text (its length is
+// passed as the selector) or, without a text, a locale item selector.
+struct PatternEntry {
+  const char *text;
+  int32_t selector;
+};
+
 struct SinglePatternFormat {
   std::string_view name;  // the registry name, for the limits
   ValueKind kind;         // Date or Datetime
-  const char *pattern;    // the pattern text, or nullptr: `selector` is an item
-  int32_t selector;       // item number (+ kSelectorMark), or kShortFormSentinel
+  // The pattern table.  Only the first entry is expanded; the others name
+  // the next shorter patterns and are kept as the format's data.
+  const PatternEntry *entries;
+  std::size_t entry_count;
   ShortForm short_form;
 };
 
+template <std::size_t N>
+constexpr SinglePatternFormat single(std::string_view name, ValueKind kind,
+                                     const PatternEntry (&entries)[N], ShortForm short_form) {
+  return {name, kind, entries, N, short_form};
+}
 
-constexpr SinglePatternFormat kNldatel{"NLDATEL", ValueKind::Date, nullptr, 31, ShortForm::Date};
-constexpr SinglePatternFormat kNldatem{"NLDATEM", ValueKind::Date, nullptr, 30, ShortForm::Date};
-constexpr SinglePatternFormat kNldateyml{"NLDATEYML", ValueKind::Date, nullptr, 34,
-                                         ShortForm::DateYearMonth};
-constexpr SinglePatternFormat kNldateymm{"NLDATEYMM", ValueKind::Date, nullptr, 35,
-                                         ShortForm::DateYearMonth};
-constexpr SinglePatternFormat kNldateyql{"NLDATEYQL", ValueKind::Date, nullptr, 40,
-                                         ShortForm::DateYearQuarter};
-constexpr SinglePatternFormat kNldateyqm{"NLDATEYQM", ValueKind::Date, nullptr, 41,
-                                         ShortForm::DateYearQuarter};
-constexpr SinglePatternFormat kNldatemdl{"NLDATEMDL", ValueKind::Date, nullptr, 36,
-                                         ShortForm::DateMonthDay};
-constexpr SinglePatternFormat kNldatemdm{"NLDATEMDM", ValueKind::Date, nullptr, 37,
-                                         ShortForm::DateMonthDay};
-constexpr SinglePatternFormat kNldatemn{"NLDATEMN", ValueKind::Date, "%#B", 3, ShortForm::None};
-constexpr SinglePatternFormat kNldatewn{"NLDATEWN", ValueKind::Date, "%#A", 3, ShortForm::None};
-constexpr SinglePatternFormat kNldatew{"NLDATEW", ValueKind::Date, nullptr, 32, ShortForm::None};
-constexpr SinglePatternFormat kNldatmyml{"NLDATMYML", ValueKind::Datetime, nullptr, 34,
-                                         ShortForm::DatetimeYearMonth};
-constexpr SinglePatternFormat kNldatmymm{"NLDATMYMM", ValueKind::Datetime, nullptr, 35,
-                                         ShortForm::DatetimeYearMonth};
-constexpr SinglePatternFormat kNldatmyql{"NLDATMYQL", ValueKind::Datetime, nullptr, 40,
-                                         ShortForm::DatetimeYearQuarter};
-constexpr SinglePatternFormat kNldatmyqm{"NLDATMYQM", ValueKind::Datetime, nullptr, 41,
-                                         ShortForm::DatetimeYearQuarter};
-constexpr SinglePatternFormat kNldatmmdl{"NLDATMMDL", ValueKind::Datetime, nullptr, 36,
-                                         ShortForm::DatetimeMonthDay};
-constexpr SinglePatternFormat kNldatmmdm{"NLDATMMDM", ValueKind::Datetime, nullptr, 37,
-                                         ShortForm::DatetimeMonthDay};
-constexpr SinglePatternFormat kNldatmmn{"NLDATMMN", ValueKind::Datetime, "%#B", 3,
-                                        ShortForm::None};
-constexpr SinglePatternFormat kNldatmwn{"NLDATMWN", ValueKind::Datetime, "%#A", 3,
-                                        ShortForm::None};
-constexpr SinglePatternFormat kNldatml{"NLDATML", ValueKind::Datetime, nullptr,
-                                       49 + kSelectorMark, ShortForm::DatetimeSeconds};
-constexpr SinglePatternFormat kNldatmm{"NLDATMM", ValueKind::Datetime, nullptr,
-                                       48 + kSelectorMark, ShortForm::DatetimeSeconds};
-constexpr SinglePatternFormat kNldatms{"NLDATMS", ValueKind::Datetime, nullptr,
-                                       kShortFormSentinel, ShortForm::DatetimeSeconds};
-constexpr SinglePatternFormat kNldatmw{"NLDATMW", ValueKind::Datetime, nullptr,
-                                       50 + kSelectorMark, ShortForm::None};
-constexpr SinglePatternFormat kNldatmdt{"NLDATMDT", ValueKind::Datetime, nullptr, 31,
-                                        ShortForm::DatetimeDate};
+constexpr int32_t kMark = kSelectorMark;
+constexpr PatternEntry kShortForm{nullptr, kShortFormSentinel};
+constexpr PatternEntry item(int32_t selector) { return {nullptr, selector}; }
 
-// The one pattern expanded (datetime members with `decimals` fraction
-// digits) and kept when output expansion reports 1 or less; above 1 the
-// output stays as the host passed it and that result is returned.  Not
-// built yet: the field shows "*".
-int32_t render_single_pattern(fmtreq &request, const SinglePatternFormat & /*format*/,
-                              double /*value*/) {
-  return frame::fill_stars(request);
+constexpr PatternEntry kLongDate[] = {item(31), item(30), kShortForm};
+constexpr PatternEntry kMediumDate[] = {item(30), kShortForm};
+constexpr PatternEntry kLongYearMonth[] = {item(34), item(35), kShortForm};
+constexpr PatternEntry kMediumYearMonth[] = {item(35), kShortForm};
+constexpr PatternEntry kLongYearQuarter[] = {item(40), item(41), kShortForm};
+constexpr PatternEntry kMediumYearQuarter[] = {item(41), kShortForm};
+constexpr PatternEntry kLongMonthDay[] = {item(36), item(37), kShortForm};
+constexpr PatternEntry kMediumMonthDay[] = {item(37), kShortForm};
+constexpr PatternEntry kMonthName[] = {{"%#B", 95}, {"%#b", 83}, {"%o", 2}};
+constexpr PatternEntry kWeekdayName[] = {{"%#A", 128}, {"%#a", 121}, {"uw", 42}};
+constexpr PatternEntry kWeekdayDate[] = {item(32), item(33), {"%#A", 128}, {"%#a", 121}};
+constexpr PatternEntry kLongDatetime[] = {item(49 + kMark), item(48 + kMark), item(47 + kMark),
+                                          kShortForm};
+constexpr PatternEntry kMediumDatetime[] = {item(48 + kMark), item(47 + kMark), kShortForm};
+constexpr PatternEntry kShortDatetime[] = {kShortForm};
+constexpr PatternEntry kWeekdayDatetime[] = {item(50 + kMark), item(51 + kMark), item(32),
+                                             item(33), {"%#A", 128}, {"%#a", 121}};
+constexpr PatternEntry kDateOfDatetime[] = {item(31), item(30), kShortForm};
+
+constexpr ValueKind kDate = ValueKind::Date;
+constexpr ValueKind kDatetime = ValueKind::Datetime;
+
+constexpr SinglePatternFormat kNldatel = single("NLDATEL", kDate, kLongDate, ShortForm::Date);
+constexpr SinglePatternFormat kNldatem = single("NLDATEM", kDate, kMediumDate, ShortForm::Date);
+constexpr SinglePatternFormat kNldateyml =
+    single("NLDATEYML", kDate, kLongYearMonth, ShortForm::DateYearMonth);
+constexpr SinglePatternFormat kNldateymm =
+    single("NLDATEYMM", kDate, kMediumYearMonth, ShortForm::DateYearMonth);
+constexpr SinglePatternFormat kNldateyql =
+    single("NLDATEYQL", kDate, kLongYearQuarter, ShortForm::DateYearQuarter);
+constexpr SinglePatternFormat kNldateyqm =
+    single("NLDATEYQM", kDate, kMediumYearQuarter, ShortForm::DateYearQuarter);
+constexpr SinglePatternFormat kNldatemdl =
+    single("NLDATEMDL", kDate, kLongMonthDay, ShortForm::DateMonthDay);
+constexpr SinglePatternFormat kNldatemdm =
+    single("NLDATEMDM", kDate, kMediumMonthDay, ShortForm::DateMonthDay);
+constexpr SinglePatternFormat kNldatemn = single("NLDATEMN", kDate, kMonthName, ShortForm::None);
+constexpr SinglePatternFormat kNldatewn = single("NLDATEWN", kDate, kWeekdayName, ShortForm::None);
+constexpr SinglePatternFormat kNldatew = single("NLDATEW", kDate, kWeekdayDate, ShortForm::None);
+constexpr SinglePatternFormat kNldatmyml =
+    single("NLDATMYML", kDatetime, kLongYearMonth, ShortForm::DatetimeYearMonth);
+constexpr SinglePatternFormat kNldatmymm =
+    single("NLDATMYMM", kDatetime, kMediumYearMonth, ShortForm::DatetimeYearMonth);
+constexpr SinglePatternFormat kNldatmyql =
+    single("NLDATMYQL", kDatetime, kLongYearQuarter, ShortForm::DatetimeYearQuarter);
+constexpr SinglePatternFormat kNldatmyqm =
+    single("NLDATMYQM", kDatetime, kMediumYearQuarter, ShortForm::DatetimeYearQuarter);
+constexpr SinglePatternFormat kNldatmmdl =
+    single("NLDATMMDL", kDatetime, kLongMonthDay, ShortForm::DatetimeMonthDay);
+constexpr SinglePatternFormat kNldatmmdm =
+    single("NLDATMMDM", kDatetime, kMediumMonthDay, ShortForm::DatetimeMonthDay);
+constexpr SinglePatternFormat kNldatmmn =
+    single("NLDATMMN", kDatetime, kMonthName, ShortForm::None);
+constexpr SinglePatternFormat kNldatmwn =
+    single("NLDATMWN", kDatetime, kWeekdayName, ShortForm::None);
+constexpr SinglePatternFormat kNldatml =
+    single("NLDATML", kDatetime, kLongDatetime, ShortForm::DatetimeSeconds);
+constexpr SinglePatternFormat kNldatmm =
+    single("NLDATMM", kDatetime, kMediumDatetime, ShortForm::DatetimeSeconds);
+constexpr SinglePatternFormat kNldatms =
+    single("NLDATMS", kDatetime, kShortDatetime, ShortForm::DatetimeSeconds);
+constexpr SinglePatternFormat kNldatmw =
+    single("NLDATMW", kDatetime, kWeekdayDatetime, ShortForm::None);
+constexpr SinglePatternFormat kNldatmdt =
+    single("NLDATMDT", kDatetime, kDateOfDatetime, ShortForm::DatetimeDate);
+
+// The first entry expanded into the work area (datetime members with
+// `decimals` fraction digits) and kept when output expansion reports 1 or
+// less: a text cut back to the width is shown too.  Above 1 the output
+// stays as the host passed it and that result is returned.  An entry that
+// cannot be expanded (its item not fetched, an unknown directive) counts as
+// a work area output expansion cannot convert (result 4).
+int32_t render_single_pattern(fmtreq &request, const SinglePatternFormat &format, double value) {
+  const PatternEntry &entry = format.entries[0];
+  const int32_t selector =
+      entry.text != nullptr ? static_cast<int32_t>(std::strlen(entry.text)) : entry.selector;
+  char work[kWorkAreaSize];
+  int32_t length = kWorkAreaSize;
+  const int32_t expanded =
+      format.kind == ValueKind::Date
+          ? zkfdate(request.locale, work, &length, entry.text, selector, value)
+          : zkfdttm(request.locale, work, &length, entry.text, selector, request.decimals, value);
+  if (expanded != kExpandFits && expanded != kExpandTooLong) return locale::kExpansionImpossible;
+  const int32_t result = place_at_start(request, work, length, Accept::kShortened);
+  return result <= locale::kExpansionShortened ? CORVINEL_OK : result;
 }
 
 int32_t single_pattern_frame(fmtreq *request, const SinglePatternFormat &format) {
@@ -95,7 +151,7 @@ int32_t single_pattern_frame(fmtreq *request, const SinglePatternFormat &format)
   // Deliberate: a value out of range leaves the output as the host passed it.
   if (!in_valid_range(format.kind, value)) return CORVINEL_OK;
   if (!frame::field_fits_buffer(r)) return frame::fill_stars(r);
-  if (format.selector == kShortFormSentinel) {
+  if (format.entries[0].selector == kShortFormSentinel && format.entries[0].text == nullptr) {
     return render_short_numeric(r, format.short_form, value);
   }
   return render_single_pattern(r, format, value);
