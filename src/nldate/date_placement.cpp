@@ -9,12 +9,52 @@
 #include "nlnum/request_expansion.h"
 
 namespace corvinel::nldate {
+namespace {
+
+constexpr int32_t kEscapeLength = 7;  // "<U20AC>"
+
+// A hexadecimal digit's value; any other byte counts as 0, as in expansion.
+int hex_digit(char c) {
+  if (c >= '0' && c <= '9') return c - '0';
+  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
+  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
+  return 0;
+}
+
+bool is_escape(const char *at) { return at[0] == '<' && (at[1] & ~0x20) == 'U' && at[6] == '>'; }
+
+// Output expansion cuts a text that is too wide back one unit at a time and
+// converts it again each time.  Every unit that is no surrogate half turns
+// into at least one byte, so a text of such units only, with more units
+// than the width, is cut back to at most `width` units: its first width + 1
+// units take the same last steps to the same result.  Returns the byte
+// length of those units (or the whole length when the shortcut does not
+// apply).  Units are counted as expansion counts them: an escape lying
+// wholly inside the text is one unit, every other byte one.
+int32_t cut_for_result_only(const char *text, int32_t length, int32_t width) {
+  int32_t units = 0, cut = length;
+  for (int32_t i = 0; i < length;) {
+    int32_t step = 1;
+    if (length - i >= kEscapeLength && is_escape(text + i)) {
+      // A surrogate half, D800..DFFF, read as expansion reads the digits.
+      if (hex_digit(text[i + 2]) == 0xD && hex_digit(text[i + 3]) >= 8) return length;
+      step = kEscapeLength;
+    }
+    ++units;
+    i += step;
+    if (units == width + 1) cut = i;
+  }
+  return units > width && units <= locale::kMaxUnits ? cut : length;
+}
+
+}  // namespace
 
 int32_t place_at_start(fmtreq &request, const char *text, int32_t length, Accept accept) {
   // Expansion never yields more than one conversion step, so a work buffer
   // of that size with the room cut to it gives the same results as
   // expanding in a buffer of the request's capacity.
   if (length > locale::kStepCapacity) return locale::kExpansionImpossible;
+  if (accept == Accept::kWhole) length = cut_for_result_only(text, length, request.width);
   char work[locale::kStepCapacity];
   std::memcpy(work, text, static_cast<std::size_t>(std::max(length, 0)));
   int32_t expanded = length;

@@ -22,6 +22,8 @@ double brought_into_one_day(double time) {
   return time;
 }
 
+constexpr int32_t kMostFractionDigits = 200;
+
 double rounded_to(double value, int32_t digits) {
   double result = value;
   zround(&result, value, zpow10(-digits));
@@ -34,10 +36,12 @@ double rounded_to(double value, int32_t digits) {
 // placed, else the last result (1: the text was too long).
 int32_t try_pattern(fmtreq &request, ValueKind kind, int32_t selector, double value) {
   int32_t last = 0;
-  // Fraction digits beyond the work area give texts longer than it, so the
-  // attempts above start at the same results as those below.
+  // Attempts with more fraction digits than output expansion converts
+  // units (200) cannot show their fraction, and a pattern without one
+  // gives the same text at 200 digits as above (rounding to 1e-200 leaves
+  // every value it could show unchanged): they start at the same results.
   const int32_t most = kind == ValueKind::Date ? std::min(request.decimals, 0)
-                                               : std::min(request.decimals, kWorkAreaSize);
+                                               : std::min(request.decimals, kMostFractionDigits);
   for (int32_t digits = most; digits >= 0; --digits) {
     char work[kWorkAreaSize];
     int32_t length = kWorkAreaSize;
