@@ -162,6 +162,7 @@ std::pair<std::string, std::string> date_shape(const std::string &pattern) {
       if (order.size() == 1 && pattern[i] != ' ') between.push_back(pattern[i]);
       continue;
     }
+    while (i + 1 < pattern.size() && std::strchr("#0+?", pattern[i + 1]) != nullptr) ++i;  // flags
     const char d = pattern[++i];
     const char part = d == 'd' || d == 'e' ? 'D' : std::strchr("mobB", d) ? 'M' : d == 'y' || d == 'Y' ? 'Y' : 0;
     if (part != 0) order.push_back(part);

@@ -120,6 +120,13 @@ std::u16string CldrLocale::era_name() const {
   return to_u16(eras[1]);
 }
 
+std::string CldrLocale::default_calendar() const {
+  UErrorCode status = U_ZERO_ERROR;
+  std::unique_ptr<icu::Calendar> calendar(icu::Calendar::createInstance(icu::Locale(data_->name.c_str()), status));
+  check(status, "no calendar for " + data_->name);
+  return calendar->getType();
+}
+
 std::vector<std::u16string> CldrLocale::months(NameContext context, NameWidth width) const {
   int32_t count = 0;
   const auto *names = data_->symbols->getMonths(count, icu_context(context), icu_width(width));

@@ -28,6 +28,8 @@ class CldrLocale {
   std::u16string combination_pattern() const;
   // Abbreviated name of the common era.
   std::u16string era_name() const;
+  // The calendar the locale uses by default ("gregorian", "buddhist", ...).
+  std::string default_calendar() const;
 
   // Twelve months, seven weekdays from Sunday, four quarters.
   std::vector<std::u16string> months(NameContext context, NameWidth width) const;

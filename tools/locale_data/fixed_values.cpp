@@ -351,6 +351,14 @@ class Applier {
 
 }  // namespace
 
+std::vector<int> telling_items(const std::string &record) {
+  std::vector<int> items;
+  for (const FixedValue &value : kTellingValues) {
+    if (value.record != nullptr && record == value.record) items.push_back(value.item);
+  }
+  return items;
+}
+
 std::vector<Override> apply_fixed_values(std::vector<LocaleRecord> &records) {
   Applier applier(records);
   for (std::size_t index = 0; index < kRecordCount; ++index) {

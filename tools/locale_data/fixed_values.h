@@ -23,4 +23,9 @@ struct Override {
 // returns the ones that changed a generated value.
 std::vector<Override> apply_fixed_values(std::vector<LocaleRecord> &records);
 
+// The codes of the items whose values the record named `record` has fixed
+// among the values its users rely on; the rules after the fixed values
+// leave them alone.
+std::vector<int> telling_items(const std::string &record);
+
 }  // namespace corvinel::locale_data

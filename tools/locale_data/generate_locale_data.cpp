@@ -15,6 +15,7 @@
 
 #include "cldr_source.h"
 #include "currency_table.h"
+#include "date_item_rules.h"
 #include "fixed_values.h"
 #include "record_builder.h"
 #include "unicode_text.h"
@@ -23,6 +24,11 @@ namespace corvinel::locale_data {
 namespace {
 
 constexpr std::size_t kLongestText = 159;
+
+struct RuleReport {
+  std::string record;
+  DateRuleChange change;
+};
 
 std::string quoted(const std::string &text) {
   std::string out = "\"";
@@ -222,6 +228,32 @@ void print_report(const std::vector<LocaleRecord> &records, const std::vector<Ov
   }
 }
 
+// The changes of the date item rules, rule by rule: a count, the records,
+// and the first changes of each.
+void print_rule_report(const std::vector<RuleReport> &changes, const std::vector<RecordClock> &clocks) {
+  std::size_t twelve = 0;
+  for (const RecordClock &clock : clocks) twelve += clock.twelve_hour;
+  std::cout << "\nDate item rules (after the fixed values; telling records keep theirs):\n"
+            << "  clocks: " << twelve << " records on 12 hours, " << clocks.size() - twelve << " on 24 hours\n  era years:";
+  for (std::size_t i = 0; i < clocks.size(); ++i) {
+    if (clocks[i].era_years) std::cout << " " << kRecordSources[i].name;
+  }
+  std::cout << " (the default calendar counts another era; TW and JP records keep Gregorian years, CLDR's default there)\n";
+  std::map<std::string, std::vector<const RuleReport *>> by_rule;
+  for (const RuleReport &r : changes) by_rule[r.change.rule].push_back(&r);
+  for (const auto &[rule, list] : by_rule) {
+    std::map<std::string, std::string> records;
+    for (const RuleReport *r : list) records[r->record] += (records[r->record].empty() ? "" : ",") + std::to_string(r->change.item);
+    std::cout << "  " << rule << ": " << list.size() << " items in " << records.size() << " records\n   ";
+    for (const auto &[record, items] : records) std::cout << " " << record << "(" << items << ")";
+    std::cout << "\n";
+    for (std::size_t k = 0; k < list.size() && k < 4; ++k) {
+      std::cout << "    " << list[k]->record << " item " << list[k]->change.item << ": " << shown(list[k]->change.before)
+                << " -> " << shown(list[k]->change.after) << "\n";
+    }
+  }
+}
+
 int run(int argc, char **argv) {
   if (argc < 2 || argc > 3) {
     std::cerr << "usage: " << argv[0] << " <source tree> [<glibc locale directory>]\n";
@@ -231,14 +263,26 @@ int run(int argc, char **argv) {
   GlibcLocales glibc(argc == 3 ? argv[2] : "/usr/share/i18n/locales");
 
   std::vector<LocaleRecord> records;
+  std::vector<RecordClock> clocks;
   for (const RecordSource &source : kRecordSources) {
     try {
-      records.push_back(build_record(source, glibc));
+      RecordClock clock;
+      records.push_back(build_record(source, glibc, clock));
+      clocks.push_back(clock);
     } catch (const std::exception &error) {
       throw std::runtime_error(std::string(source.name) + ": " + error.what());
     }
   }
   const std::vector<Override> overrides = apply_fixed_values(records);
+  std::vector<RuleReport> rule_changes;
+  for (std::size_t i = 0; i < records.size(); ++i) {
+    const char *name = kRecordSources[i].name;
+    for (const DateRuleChange &c : apply_date_item_rules(records[i], clocks[i], telling_items(name))) {
+      rule_changes.push_back({name, c});
+    }
+    const std::vector<std::string> problems = date_item_problems(records[i], clocks[i]);
+    if (!problems.empty()) throw std::runtime_error(std::string(name) + ": " + problems.front());
+  }
   for (std::size_t i = 0; i < records.size(); ++i) check_record(records[i], kRecordSources[i].name);
   const CurrencyTable currencies = build_currency_table(records, glibc);
   if (currencies.records.size() != 82) {
@@ -250,6 +294,7 @@ int run(int argc, char **argv) {
   write_file(tree + "/src/locale/data/lconv_monetary.cpp", currency_source(currencies));
   write_file(tree + "/src/locale/data/currency_codes.inc", currency_codes(currencies));
   print_report(records, overrides, currencies);
+  print_rule_report(rule_changes, clocks);
   return 0;
 }
 

@@ -99,7 +99,7 @@ MonetaryFields read_monetary_fields(GlibcLocales &glibc, const std::string &loca
   return fields;
 }
 
-LocaleRecord build_record(const RecordSource &source, GlibcLocales &glibc) {
+LocaleRecord build_record(const RecordSource &source, GlibcLocales &glibc, RecordClock &clock) {
   const CldrLocale cldr(source.cldr, source.region);
   LocaleRecord record;
 
@@ -156,9 +156,17 @@ LocaleRecord build_record(const RecordSource &source, GlibcLocales &glibc) {
   patterns[41] = convert(cldr.best_pattern("yQQQ"), padded);
   patterns[52] = convert(time12_with_seconds(cldr), padded);
   patterns[53] = convert(cldr.best_pattern("HHmmss"), padded);
-  patterns[54] = convert(cldr.best_pattern("hmm"), padded);
-  patterns[55] = patterns[52];
-  patterns[56] = convert(cldr.best_pattern("jmmssz"), padded);
+  // The locale's own clock, as its preferred hour ("j") writes it; the
+  // hour-and-minute item follows it, and so do the datetime items that the
+  // rules join after the fixed values (apply_date_item_rules).
+  const std::u16string own_hour = cldr.best_pattern("jmmssz");
+  const std::u16string own_time = convert(own_hour, padded);
+  clock.twelve_hour = own_time.find(u"%I") != std::u16string::npos || own_time.find(u"%L") != std::u16string::npos;
+  clock.era_years = cldr.default_calendar() == "buddhist";
+  clock.gregorian_marker = ascii(era);
+  patterns[54] = convert(cldr.best_pattern(clock.twelve_hour ? "hmm" : "Hmm"), padded);
+  patterns[55] = patterns[clock.twelve_hour ? 52 : 53];
+  patterns[56] = own_time;
   patterns[57] = convert(cldr.time_pattern(DateStyle::kLong), padded);
   // A datetime is one of the date patterns and a time pattern joined by a
   // blank, so that its date part reads like the date formats.

@@ -1,0 +1,245 @@
+#include "date_item_rules.h"
+
+#include <algorithm>
+#include <cctype>
+
+namespace corvinel::locale_data {
+namespace {
+
+constexpr int kFirstDateItem = 28;
+constexpr int kLastDateItem = 41;  // 42 and 43 are the week patterns
+constexpr int kTwelveHourTime = 52;
+constexpr int kTwentyFourHourTime = 53;
+constexpr int kTimeOfClock = 55;
+
+// A directive of an item: "%", flags ("#", "0", "+", "?"), one letter.
+struct Directive {
+  std::size_t start;   // of the "%"
+  std::size_t letter;  // position of the letter
+};
+
+std::vector<Directive> directives_of(const std::string &pattern) {
+  std::vector<Directive> found;
+  for (std::size_t i = 0; i < pattern.size(); ++i) {
+    if (pattern[i] != '%') continue;
+    std::size_t j = i + 1;
+    while (j < pattern.size() && std::string_view("#0+?").find(pattern[j]) != std::string_view::npos) ++j;
+    if (j >= pattern.size()) break;
+    found.push_back({i, j});
+    i = j;
+  }
+  return found;
+}
+
+bool has_flag(const std::string &pattern, const Directive &d, char flag) {
+  return pattern.find(flag, d.start + 1) < d.letter;
+}
+
+// The characters of an escaped text, one entry per unit: "<Uxxxx>" (either
+// case of the u) or one byte; escapes compare by their code.
+std::vector<std::string> units_of(const std::string &text) {
+  std::vector<std::string> units;
+  for (std::size_t i = 0; i < text.size();) {
+    if (i + 7 <= text.size() && text[i] == '<' && (text[i + 1] == 'U' || text[i + 1] == 'u') &&
+        text[i + 6] == '>') {
+      std::string code = text.substr(i + 2, 4);
+      for (char &c : code) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+      units.push_back("<U" + code + ">");
+      i += 7;
+    } else {
+      units.push_back(text.substr(i, 1));
+      ++i;
+    }
+  }
+  return units;
+}
+
+// The units every name of a set starts (or ends) with.
+std::vector<std::string> common_units(const std::vector<std::vector<std::string>> &names,
+                                      bool from_end) {
+  std::vector<std::string> common;
+  if (names.empty()) return common;
+  for (std::size_t k = 0;; ++k) {
+    std::string unit;
+    for (const auto &name : names) {
+      if (k >= name.size()) return common;
+      const std::string &u = from_end ? name[name.size() - 1 - k] : name[k];
+      if (&name == &names.front()) {
+        unit = u;
+      } else if (u != unit) {
+        return common;
+      }
+    }
+    common.push_back(unit);
+  }
+}
+
+// The record's quarter names that a quarter directive shows.
+std::vector<std::vector<std::string>> quarter_names(const LocaleRecord &record, bool wide,
+                                                    bool alternate) {
+  const int base = wide ? (alternate ? 147 : 139) : (alternate ? 143 : 135);
+  std::vector<std::vector<std::string>> names;
+  for (int i = base; i < base + 4; ++i) {
+    if (!record[i]) return {};
+    names.push_back(units_of(*record[i]));
+  }
+  return names;
+}
+
+// The quarter pattern without the words that stand both in it and in every
+// quarter name beside the directive ("%q<U5B63><U5EA6>" with names
+// "1<U5B63><U5EA6>": the words once).
+std::string without_repeated_quarter_words(const LocaleRecord &record, const std::string &pattern) {
+  std::string out = pattern;
+  const std::vector<Directive> found = directives_of(pattern);
+  for (auto it = found.rbegin(); it != found.rend(); ++it) {
+    const char letter = pattern[it->letter];
+    if (letter != 'q' && letter != 'Q') continue;
+    const auto names = quarter_names(record, letter == 'Q', has_flag(pattern, *it, '#'));
+    // After the directive: the longest ending of the names' common ending
+    // that the pattern repeats.
+    const std::vector<std::string> suffix = common_units(names, true);  // reversed
+    const std::vector<std::string> after = units_of(out.substr(it->letter + 1));
+    std::size_t drop_after = 0;
+    for (std::size_t len = suffix.size(); len > 0 && drop_after == 0; --len) {
+      if (after.size() < len) continue;
+      bool same = true;
+      for (std::size_t k = 0; k < len && same; ++k) same = after[k] == suffix[len - 1 - k];
+      if (same) drop_after = len;
+    }
+    std::size_t bytes_after = 0;
+    for (std::size_t k = 0; k < drop_after; ++k) bytes_after += after[k].size();
+    out.erase(it->letter + 1, bytes_after);
+    // Before it: the longest beginning of the names' common beginning.
+    const std::vector<std::string> prefix = common_units(names, false);
+    const std::vector<std::string> before = units_of(out.substr(0, it->start));
+    std::size_t drop_before = 0;
+    for (std::size_t len = prefix.size(); len > 0 && drop_before == 0; --len) {
+      if (before.size() < len) continue;
+      bool same = true;
+      for (std::size_t k = 0; k < len && same; ++k) same = before[before.size() - len + k] == prefix[k];
+      if (same) drop_before = len;
+    }
+    std::size_t bytes_before = 0;
+    for (std::size_t k = 0; k < drop_before; ++k) bytes_before += before[before.size() - 1 - k].size();
+    out.erase(it->start - bytes_before, bytes_before);
+  }
+  return out;
+}
+
+// "%e" and "%o" (blank-padded day and month) as "%d" and "%m".
+std::string zero_padded(const std::string &pattern) {
+  std::string out = pattern;
+  for (const Directive &d : directives_of(pattern)) {
+    if (out[d.letter] == 'e') out[d.letter] = 'd';
+    if (out[d.letter] == 'o') out[d.letter] = 'm';
+  }
+  return out;
+}
+
+// "%Y" and "%y" with the era flag.
+std::string with_era_years(const std::string &pattern) {
+  std::string out = pattern;
+  const std::vector<Directive> found = directives_of(pattern);
+  for (auto it = found.rbegin(); it != found.rend(); ++it) {
+    const char letter = pattern[it->letter];
+    if ((letter == 'Y' || letter == 'y') && !has_flag(pattern, *it, '+')) out.insert(it->letter, "+");
+  }
+  return out;
+}
+
+// The escape letter of a whole item: "<u" for the long composite items.
+std::string with_escape_letter(std::string text, char letter) {
+  for (std::size_t i = 0; i + 6 < text.size(); ++i) {
+    if (text[i] == '<' && (text[i + 1] == 'U' || text[i + 1] == 'u') && text[i + 6] == '>') text[i + 1] = letter;
+  }
+  return text;
+}
+
+bool lower_escape_item(int code) {
+  return code == 44 || code == 45 || (code >= 48 && code <= 51);
+}
+
+bool names_twelve_hour(const std::string &pattern) {
+  for (const Directive &d : directives_of(pattern)) {
+    if (std::string_view("IiLlpP").find(pattern[d.letter]) != std::string_view::npos) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+bool all_digit_date(const std::string &pattern) {
+  for (const Directive &d : directives_of(pattern)) {
+    if (std::string_view("aAbBcCfFqQpP").find(pattern[d.letter]) != std::string_view::npos) return false;
+  }
+  return true;
+}
+
+std::vector<DateRuleChange> apply_date_item_rules(LocaleRecord &record, const RecordClock &clock,
+                                                  const std::vector<int> &fixed) {
+  std::vector<DateRuleChange> changes;
+  const auto is_fixed = [&](int code) { return std::find(fixed.begin(), fixed.end(), code) != fixed.end(); };
+  const auto change = [&](const char *rule, int code, const std::string &after) {
+    if (is_fixed(code) || record[code] == after) return;
+    changes.push_back({rule, code, record[code], after});
+    record[code] = after;
+  };
+
+  for (int code = kFirstDateItem; code <= kLastDateItem; ++code) {
+    if (record[code] && all_digit_date(*record[code])) change("numeric dates zero-padded", code, zero_padded(*record[code]));
+  }
+  for (const int code : {40, 41}) {
+    if (record[code]) change("quarter words once", code, without_repeated_quarter_words(record, *record[code]));
+  }
+  if (clock.era_years) {
+    for (int code = kFirstDateItem; code <= kLastDateItem; ++code) {
+      if (!record[code] || (!clock.gregorian_marker.empty() &&
+                            with_escape_letter(*record[code], 'U').find(clock.gregorian_marker) !=
+                                std::string::npos)) {
+        continue;
+      }
+      change("era years of the locale's calendar", code, with_era_years(*record[code]));
+    }
+  }
+
+  // The datetime items: a date item, one blank, a time item.
+  const int own_time = clock.twelve_hour ? kTwelveHourTime : kTwentyFourHourTime;
+  const struct {
+    int code, date, time;
+  } kJoins[] = {{44, 31, kTwelveHourTime}, {45, 30, kTwelveHourTime}, {46, 28, kTwentyFourHourTime},
+                {47, 29, own_time},        {48, 30, own_time},        {49, 31, own_time},
+                {50, 32, own_time},        {51, 33, own_time}};
+  for (const auto &join : kJoins) {
+    if (!record[join.date] || !record[join.time]) continue;
+    const char letter = lower_escape_item(join.code) ? 'u' : 'U';
+    change("datetimes in the locale's clock", join.code,
+           with_escape_letter(*record[join.date] + " " + *record[join.time], letter));
+  }
+  if (record[own_time]) change("datetimes in the locale's clock", kTimeOfClock, *record[own_time]);
+  return changes;
+}
+
+std::vector<std::string> date_item_problems(const LocaleRecord &record, const RecordClock &clock) {
+  std::vector<std::string> problems;
+  for (int code = kFirstDateItem; code <= kLastDateItem; ++code) {
+    if (record[code] && all_digit_date(*record[code]) && zero_padded(*record[code]) != *record[code]) {
+      problems.push_back("item " + std::to_string(code) + " pads a number of an all-digit date with a blank");
+    }
+  }
+  for (const int code : {40, 41}) {
+    if (record[code] && without_repeated_quarter_words(record, *record[code]) != *record[code]) {
+      problems.push_back("item " + std::to_string(code) + " repeats words of the quarter names");
+    }
+  }
+  if (!clock.twelve_hour) {
+    for (const int code : {47, 48, 49, 50, 51, 54, 55}) {
+      if (record[code] && names_twelve_hour(*record[code])) {
+        problems.push_back("item " + std::to_string(code) + " uses a 12-hour clock in a 24-hour locale");
+      }
+    }
+  }
+  return problems;
+}
+
+}  // namespace corvinel::locale_data
