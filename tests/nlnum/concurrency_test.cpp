@@ -27,10 +27,16 @@ struct Call {
 std::vector<Call> calls() {
   const fmt_render_fn formats[] = {nlnum, nlmny, nlpct, nlmnieur, nlmnljpy, nlbest, nlstrmon};
   const double values[] = {-1234567.891, 0.125, 3, 1e18};
+  // Dates, datetimes and times, one of them with the zone offset ("%z").
+  const fmt_render_fn date_formats[] = {nldate, nldatm, nltime, nldatmz, nldatel, nldates, nldatms};
+  const double date_values[] = {15760, 1668955132.125, 52732.5, -138061};
   std::vector<Call> all;
   for (int32_t locale = 1; locale <= CORVINEL_LOCALE_RECORDS; ++locale) {
     for (const fmt_render_fn f : formats) {
       for (const double v : values) all.push_back({f, 14, 2, v, locale});
+    }
+    for (const fmt_render_fn f : date_formats) {
+      for (const double v : date_values) all.push_back({f, 40, 2, v, locale});
     }
   }
   return all;
