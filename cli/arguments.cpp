@@ -160,7 +160,7 @@ ParsedFormat parse_format(std::string_view text) {
   return parsed;
 }
 
-double parse_value(std::string_view text) {
+double parse_value(std::string_view text, ValueKind kind) {
   if (text == ".") return missing_value(2);
   if (text.size() == 2 && text[0] == '.') {
     if (text[1] == '_') return missing_value(1);
@@ -176,10 +176,9 @@ double parse_value(std::string_view text) {
   errno = 0;
   const double value = std::strtod(copy.c_str(), &end);
   // Overflow and underflow still give the nearest double (inf, 0).
-  if (end != copy.c_str() + copy.size()) {
-    throw UsageError("VALUE is not a number: " + quoted(text));
-  }
-  return value;
+  if (end == copy.c_str() + copy.size()) return value;
+  if (const auto literal = parse_literal(text, kind)) return *literal;
+  throw UsageError("VALUE is not a number, date or time: " + quoted(text));
 }
 
 }  // namespace corvinel::cli

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "value_literals.h"
+
 namespace corvinel::cli {
 
 // A problem with the command line; main reports it on one line and exits 2.
@@ -50,8 +52,9 @@ inline constexpr int32_t kMaxCapacity = 1 << 20;
 
 ParsedFormat parse_format(std::string_view text);
 
-// A number as strtod reads it (nan and inf included) or a missing value:
-// ".", "._", ".A" .. ".Z" (letters in either case).
-double parse_value(std::string_view text);
+// A number as strtod reads it (nan and inf included), a missing value
+// (".", "._", ".A" .. ".Z", letters in either case), or a date, datetime or
+// time literal converted to what a format of `kind` reads (parse_literal).
+double parse_value(std::string_view text, ValueKind kind = ValueKind::kNumber);
 
 }  // namespace corvinel::cli

@@ -12,20 +12,26 @@ struct Family {
   std::string_view symbol;
   int32_t width;
   int32_t decimals;
+  ValueKind kind = ValueKind::kNumber;
 };
+
+constexpr auto kDate = ValueKind::kDate;
+constexpr auto kDatetime = ValueKind::kDatetime;
+constexpr auto kTime = ValueKind::kTime;
 
 constexpr Family kFamilies[] = {
     {"COMMA", "zfmcma", 6, 0},       {"DOLLAR", "zfmdlr", 6, 0},
     {"PERCENT", "zfmpct", 6, 0},     {"PVALUE", "zfmpval", 6, 4},
-    {"D", "zfmd", 12, 0},            {"DATE", "zfmdate", 7, 0},
-    {"TIME", "zfmtime", 8, 0},       {"TOD", "zfmtod", 8, 0},
-    {"TIMEAMPM", "zfmtimm", 11, 0},  {"DATETIME", "zfmdttm", 16, 0},
-    {"DTDATE", "zfmdtda", 7, 0},     {"MONYY", "zfmmony", 5, 0},
+    {"D", "zfmd", 12, 0},
+    {"DATE", "zfmdate", 7, 0, kDate},         {"TIME", "zfmtime", 8, 0, kTime},
+    {"TOD", "zfmtod", 8, 0, kTime},           {"TIMEAMPM", "zfmtimm", 11, 0, kTime},
+    {"DATETIME", "zfmdttm", 16, 0, kDatetime}, {"DTDATE", "zfmdtda", 7, 0, kDatetime},
+    {"MONYY", "zfmmony", 5, 0, kDate},
 };
 
 // Families whose members differ by a separator letter after the name.  Each
 // lists the letters it knows and the routine suffix of each; an empty
-// suffix is the unsuffixed routine.
+// suffix is the unsuffixed routine.  All of them render dates.
 struct SeparatorFamily {
   std::string_view name;
   std::string_view unsuffixed;  // routine for the bare family name, if any
@@ -59,7 +65,7 @@ std::optional<ClassicRoutine> find_separator_member(std::string_view name) {
   for (const SeparatorFamily &family : kSeparatorFamilies) {
     if (name == family.name) {
       if (family.unsuffixed.empty()) return std::nullopt;  // YYQ needs its letter
-      return ClassicRoutine{std::string(family.unsuffixed), family.width, 0};
+      return ClassicRoutine{std::string(family.unsuffixed), family.width, 0, false, kDate};
     }
     if (name.size() != family.name.size() + 1 || !name.starts_with(family.name)) continue;
     const std::size_t letter = family.letters.find(name.back());
@@ -67,29 +73,29 @@ std::optional<ClassicRoutine> find_separator_member(std::string_view name) {
     const std::string_view suffix = family.suffixes[letter];
     std::string symbol(suffix.empty() ? family.unsuffixed : family.stem);
     symbol += suffix;
-    return ClassicRoutine{symbol, family.width, 0};
+    return ClassicRoutine{symbol, family.width, 0, false, kDate};
   }
   return std::nullopt;
 }
 
-// Whether `symbol` is one of the classic renderings a family name reaches
-// (w.d is zfmt).  Other routines of the module take other arguments and
-// must not be called with a request.
-bool is_rendering(std::string_view symbol) {
-  if (symbol == "zfmt") return true;
+// The kind of value `symbol` reads when it is one of the classic renderings
+// a family name reaches (w.d is zfmt); nothing for other routines of the
+// module, which take other arguments and must not be called with a request.
+std::optional<ValueKind> rendering_kind(std::string_view symbol) {
+  if (symbol == "zfmt") return ValueKind::kNumber;
   for (const Family &family : kFamilies) {
-    if (symbol == family.symbol) return true;
+    if (symbol == family.symbol) return family.kind;
   }
   for (const SeparatorFamily &family : kSeparatorFamilies) {
-    if (!family.unsuffixed.empty() && symbol == family.unsuffixed) return true;
+    if (!family.unsuffixed.empty() && symbol == family.unsuffixed) return kDate;
     for (const std::string_view suffix : family.suffixes) {
       if (!suffix.empty() && symbol.size() == family.stem.size() + suffix.size() &&
           symbol.starts_with(family.stem) && symbol.ends_with(suffix)) {
-        return true;
+        return kDate;
       }
     }
   }
-  return false;
+  return std::nullopt;
 }
 
 }  // namespace
@@ -98,12 +104,14 @@ std::optional<ClassicRoutine> find_classic(std::string_view name) {
   if (name == "BEST") return ClassicRoutine{"zfmt", 12, 99, true};
   for (const Family &family : kFamilies) {
     if (name == family.name) {
-      return ClassicRoutine{std::string(family.symbol), family.width, family.decimals};
+      return ClassicRoutine{std::string(family.symbol), family.width, family.decimals, false,
+                            family.kind};
     }
   }
   if (auto member = find_separator_member(name)) return member;
-  if (const std::string symbol = lower(name); is_rendering(symbol)) {
-    return ClassicRoutine{symbol, kRoutineDefaultWidth, 0};
+  const std::string symbol = lower(name);
+  if (const auto kind = rendering_kind(symbol)) {
+    return ClassicRoutine{symbol, kRoutineDefaultWidth, 0, false, *kind};
   }
   return std::nullopt;
 }

@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "value_literals.h"
+
 namespace corvinel::cli {
 
 struct ClassicRoutine {
@@ -14,6 +16,7 @@ struct ClassicRoutine {
   int32_t default_width;
   int32_t default_decimals;
   bool best = false;         // BEST: zfmt with decimals 99 whatever was asked
+  ValueKind kind = ValueKind::kNumber;  // what the routine reads its value as
 };
 
 // `name` in upper case (as parse_format gives it).  A family name maps to its

@@ -26,7 +26,13 @@ constexpr const char *kHelp =
     "Renders each VALUE with FORMAT and prints the outlen bytes the format left,\n"
     "one line per value.  FORMAT is NAME, NAMEw., NAMEw.d or NAME.d (any case);\n"
     "a missing width or decimals takes the format's default.  VALUE is a number\n"
-    "(15760, -1.5e3, nan, inf) or a missing value (., ._, .A .. .Z).\n"
+    "(15760, -1.5e3, nan, inf), a missing value (., ._, .A .. .Z), or a date,\n"
+    "datetime or time as 2003-02-24, 2003-02-24T12:39:43.25, 16:24:43, 24FEB2003\n"
+    "or 24FEB2003:12:39:43, given to the format as the days, seconds or seconds\n"
+    "since midnight it reads (a date to a datetime format is its midnight).\n"
+    "\n"
+    "example: corvinel-fmt --locale de_DE NLDATE20. 2003-02-24   prints\n"
+    "         24. Februar 2003\n"
     "\n"
     "options:\n"
     "  --module PATH        load this module (default: libcorvinel.so beside the tool)\n"
@@ -91,14 +97,28 @@ Rendering resolve_rendering(const Module &module, const Options &options) {
   return rendering;
 }
 
+// What FORMAT reads its values as, so that date and time literals become
+// the right numbers.  Formats the tool does not know read numbers; the
+// lookup that follows reports them.
+ValueKind value_kind(const Options &options) {
+  if (options.format.empty()) return ValueKind::kNumber;
+  const bool bare = options.classic && is_bare_width_and_decimals(options.format);
+  if (bare) return ValueKind::kNumber;
+  const std::string name = parse_format(options.format).name;
+  if (!options.classic) return value_kind_of_format(name);
+  const auto classic = find_classic(name);
+  return classic ? classic->kind : ValueKind::kNumber;
+}
+
 int run(const std::vector<std::string> &arguments) {
   const Options options = parse_arguments(arguments);
   if (options.help) {
     std::fputs(kHelp, stdout);
     return 0;
   }
+  const ValueKind kind = value_kind(options);
   std::vector<double> values;
-  for (const std::string &text : options.values) values.push_back(parse_value(text));
+  for (const std::string &text : options.values) values.push_back(parse_value(text, kind));
   if (options.locale_name) setenv("ORB_LOCALE", options.locale_name->c_str(), 1);
 
   const Module module(options.module_path);

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <chrono>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
@@ -27,6 +28,7 @@ namespace {
 using corvinel::cli::parse_format;
 using corvinel::cli::parse_value;
 using corvinel::cli::UsageError;
+using corvinel::cli::ValueKind;
 
 TEST(ParseFormat, SplitsNameWidthAndDecimals) {
   const struct {
@@ -60,6 +62,106 @@ TEST(ParseValue, ReadsMissingValuesAndNumbersAsStrtodDoes) {
   for (const char *text :
        {"", " 1", "1 ", "abc", "1e", "..", ".AB", ".1A", ".-", "1,5", ".\xc3\xa9"}) {
     EXPECT_THROW(parse_value(text), UsageError) << '"' << text << '"';
+  }
+}
+
+constexpr auto kNumber = ValueKind::kNumber;
+constexpr auto kDate = ValueKind::kDate;
+constexpr auto kDatetime = ValueKind::kDatetime;
+constexpr auto kTime = ValueKind::kTime;
+
+// Each literal shape, converted to what each kind of format reads.
+TEST(ParseValue, TurnsLiteralsIntoTheNumberTheFormatReads) {
+  const struct {
+    const char *text;
+    ValueKind kind;
+    double value;
+  } cases[] = {
+      {"2003-02-24", kDate, 15760},
+      {"2003-02-24", kDatetime, 15760 * 86400.0},
+      {"2003-02-24", kNumber, 15760},
+      {"24feb2003", kDate, 15760},
+      {"1Jan1960", kDate, 0},
+      {"1960-01-01T00:00:00", kDatetime, 0},
+      {"1582-01-01", kDate, -138061},
+      {"20000-12-31", kDate, 6589335},
+      {"2003-02-24T12:39:43", kDatetime, 15760 * 86400.0 + 45583},
+      {"2003-02-24t12:39:43.25", kDatetime, 15760 * 86400.0 + 45583.25},
+      {"24FEB2003:12:39:43", kDatetime, 15760 * 86400.0 + 45583},
+      {"24FEB2003:12:39", kNumber, 15760 * 86400.0 + 45540},
+      {"2003-02-24T12:39:43", kDate, 15760},
+      {"2003-02-24T12:39:43.5", kTime, 45583.5},
+      {"1959-12-31T23:59:59", kDatetime, -1},
+      {"16:24:43", kTime, 59083},
+      {"0:00", kTime, 0},
+      {"23:59:59.999", kNumber, 86399.999},
+      {"2000-02-29", kDate, 14669},
+  };
+  for (const auto &c : cases) {
+    EXPECT_EQ(parse_value(c.text, c.kind), c.value) << c.text;
+  }
+}
+
+// Literals that name no real date or time, and mismatched kinds, are
+// refused; other shapes are not literals at all.
+TEST(ParseValue, RefusesLiteralsThatNameNoRealDateOrTime) {
+  const struct {
+    const char *text;
+    ValueKind kind;
+    const char *message;
+  } cases[] = {
+      {"2003-02-30", kDate, "not a real date"},
+      {"2003-13-01", kDate, "not a real date"},
+      {"31APR2003", kDatetime, "not a real date"},
+      {"2001-02-29", kDate, "not a real date"},
+      {"1900-02-29", kDate, "not a real date"},
+      {"4000-02-29", kDate, "not a real date"},  // the 4000-year rule
+      {"0000-01-01", kDate, "not a real date"},
+      {"25:00:00", kTime, "not a real time of day"},
+      {"12:60", kTime, "not a real time of day"},
+      {"2003-02-24T24:00:00", kDatetime, "not a real time of day"},
+      {"12:00:60", kTime, "not a real time of day"},
+      {"16:24:43", kDate, "a time has no date"},
+      {"16:24:43", kDatetime, "a time has no date"},
+      {"2003-02-24", kTime, "a date has no time of day"},
+      {"2003-2-24", kDate, "not a number, date or time"},
+      {"24FEB03", kDate, "not a number, date or time"},
+      {"24FEBR2003", kDate, "not a number, date or time"},
+      {"2003-02-24T", kDatetime, "not a number, date or time"},
+      {"2003-02-24 12:00", kDatetime, "not a number, date or time"},
+      {"12:00:00.", kTime, "not a number, date or time"},
+      {"123:00", kTime, "not a number, date or time"},
+      {"100000-01-01", kDate, "not a number, date or time"},
+  };
+  for (const auto &c : cases) {
+    try {
+      parse_value(c.text, c.kind);
+      ADD_FAILURE() << c.text << " accepted";
+    } catch (const UsageError &error) {
+      EXPECT_NE(std::string(error.what()).find(c.message), std::string::npos)
+          << c.text << ": " << error.what();
+    }
+  }
+}
+
+// Every day of the years the standard library and the module's calendar
+// share (they part at year 4000), in both literal shapes.
+TEST(ParseValue, DayNumbersAgreeWithTheCivilCalendar) {
+  using namespace std::chrono;
+  constexpr const char *kMonths[] = {"JAN", "FEB", "MAR", "APR", "MAY", "JUN",
+                                     "JUL", "AUG", "SEP", "OCT", "NOV", "DEC"};
+  const sys_days epoch = year{1960} / January / 1;
+  for (sys_days day = year{1582} / January / 1; day <= sys_days{year{3999} / December / 31};
+       day += days{1}) {
+    const year_month_day ymd{day};
+    const int y = int{ymd.year()};
+    const unsigned m = unsigned{ymd.month()}, d = unsigned{ymd.day()};
+    char iso[16], host[16];
+    std::snprintf(iso, sizeof iso, "%04d-%02u-%02u", y, m, d);
+    std::snprintf(host, sizeof host, "%u%s%d", d, kMonths[m - 1], y);
+    const auto expected = static_cast<double>((day - epoch).count());
+    ASSERT_EQ(parse_value(iso, kDate), expected) << iso;
+    ASSERT_EQ(parse_value(host, kDate), expected) << host;
   }
 }
 
@@ -162,7 +264,15 @@ INSTANTIATE_TEST_SUITE_P(
         ToolCase{"ClassicBareWidthAndDecimals", {"--bars", "--classic", "6.3", "23.45", "-1234"}, 0,
                  "|23.450|\n| -1234|\n", ""},
         ToolCase{"ClassicOverflowReportedNotPrinted", {"--bars", "--classic", "2.", "123", "12"}, 3,
-                 "|12|\n", "corvinel-fmt: result -2147362777 (0x8001d827)\n"}),
+                 "|12|\n", "corvinel-fmt: result -2147362777 (0x8001d827)\n"},
+        // Literals reach each format as the number its kind reads.
+        ToolCase{"DateLiterals", {"--locale", "de_DE", "NLDATE20.", "2003-02-24", "1jan1960"}, 0,
+                 "24. Februar 2003\n01. Januar 1960\n", "", "LANG=C.UTF-8"},
+        ToolCase{"DateLiteralToDatetimeIsMidnight", {"--locale", "en_US", "NLDATM30.", "24FEB2003"}, 0,
+                 "24Feb2003:00:00:00\n", "", "LANG=C.UTF-8"},
+        ToolCase{"DatetimeLiteral", {"--classic", "DATETIME20.", "2003-02-24T12:39:43"}, 0,
+                 "  24FEB2003:12:39:43\n", ""},
+        ToolCase{"TimeLiteral", {"--classic", "TIME8.", "16:24:43"}, 0, "16:24:43\n", ""}),
     name_of);
 
 // Command lines that are refused: one line on stderr, status 2.
@@ -172,7 +282,11 @@ INSTANTIATE_TEST_SUITE_P(
         ToolCase{"Nothing", {}, 2, "", "missing FORMAT"},
         ToolCase{"NoValue", {"NLNUM8."}, 2, "", "missing VALUE"},
         ToolCase{"UnknownFormat", {"NLNOPE", "1"}, 2, "", "unknown format NLNOPE"},
-        ToolCase{"ValueNotANumber", {"NLNUM", "abc"}, 2, "", "VALUE is not a number: \"abc\""},
+        ToolCase{"ValueNotANumber", {"NLNUM", "abc"}, 2, "", "VALUE is not a number, date or time: \"abc\""},
+        ToolCase{"NotARealDate", {"NLDATE", "2003-02-30"}, 2, "",
+                 "corvinel-fmt: not a real date: \"2003-02-30\"\n"},
+        ToolCase{"NotARealTime", {"NLTIME", "25:00:00"}, 2, "",
+                 "corvinel-fmt: not a real time of day: \"25:00:00\"\n"},
         ToolCase{"UnknownOption", {"--bogus", "NLNUM", "1"}, 2, "", "unknown option \"--bogus\""},
         ToolCase{"OptionWithoutValue", {"NLNUM", "1", "--capacity"}, 2, "", "--capacity needs a value"},
         ToolCase{"ItemOutOfRange", {"--item", "189"}, 2, "", "--item 189 is out of range"},
