@@ -22,17 +22,19 @@ constexpr std::string_view kZoneSuffix = " %z";
 
 // A pattern taken from the caller or from a locale item, with room for the
 // zone suffix.  Items are read in place from the compiled-in record, as
-// wzssglc would fetch them.
+// wzssglc would fetch them.  The record is chosen once per call and serves
+// the expander's names too.
 class Pattern {
  public:
   // False when the item cannot be fetched.
   bool take(int32_t locale, const char *pattern, int32_t selector, int32_t item_mask) noexcept {
+    record_ = locale::select_record(locale);
     if (pattern != nullptr || selector < 1) {
       text_ = pattern;
       length_ = pattern != nullptr && selector > 0 ? selector : 0;
       return true;
     }
-    const locitem *record = locale::select_record(locale);
+    const locitem *record = record_;
     const int32_t item = selector & item_mask;
     if (record == nullptr || item >= CORVINEL_LOCALE_ITEMS) return false;
     const locitem &entry = record[item];
@@ -48,10 +50,12 @@ class Pattern {
     return true;
   }
 
+  const locitem *record() const noexcept { return record_; }
   const char *text() const noexcept { return text_; }
   int32_t length() const noexcept { return length_; }
 
  private:
+  const locitem *record_ = nullptr;
   const char *text_ = nullptr;
   int32_t length_ = 0;
   char with_suffix_[CORVINEL_LOCALE_TEXT + kZoneSuffix.size()];
@@ -77,8 +81,8 @@ int32_t zkfdate(int32_t locale, char *buffer, int32_t *field_width, const char *
   Pattern p;
   if (!p.take(locale, pattern, selector, ~0)) return kItemNotFetched;
   if (zmiss(date) || !in_valid_range(ValueKind::Date, date)) return kValueRejected;
-  return expand(locale, p.text(), p.length(), buffer, field_width, 0, date, std_miss_val,
-                std_miss_val, std_miss_val);
+  return expand_in_record(p.record(), p.text(), p.length(), buffer, field_width, 0, date,
+                          std_miss_val, std_miss_val, std_miss_val);
 }
 
 int32_t zkfdttm(int32_t locale, char *buffer, int32_t *field_width, const char *pattern,
@@ -88,8 +92,8 @@ int32_t zkfdttm(int32_t locale, char *buffer, int32_t *field_width, const char *
   if (zmiss(datetime) || !in_valid_range(ValueKind::Datetime, datetime)) return kValueRejected;
   const int32_t digits = clamp_digits(fraction_digits);
   const double value = rounded(datetime, digits);
-  return expand(locale, p.text(), p.length(), buffer, field_width, digits, zdatprt(value),
-                zhour(value), zminute(value), zsecond(value));
+  return expand_in_record(p.record(), p.text(), p.length(), buffer, field_width, digits,
+                          zdatprt(value), zhour(value), zminute(value), zsecond(value));
 }
 
 int32_t zkftime(int32_t locale, char *buffer, int32_t *field_width, const char *pattern,
@@ -101,8 +105,8 @@ int32_t zkftime(int32_t locale, char *buffer, int32_t *field_width, const char *
   const double value = rounded(time, digits);
   // The hour is deliberately not reduced modulo 24.
   const double hour = std::trunc(std::fabs(value / 3600));
-  return expand(locale, p.text(), p.length(), buffer, field_width, digits, std_miss_val, hour,
-                zminute(value), zsecond(value));
+  return expand_in_record(p.record(), p.text(), p.length(), buffer, field_width, digits,
+                          std_miss_val, hour, zminute(value), zsecond(value));
 }
 
 }  // namespace corvinel::nldate

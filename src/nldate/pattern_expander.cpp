@@ -59,7 +59,7 @@ constexpr Reign reigns[4] = {
 // buffer, exactly when wzssglc would fetch it.
 class RecordItems {
  public:
-  explicit RecordItems(int32_t locale) noexcept : record_(locale::select_record(locale)) {}
+  explicit RecordItems(const locitem *record) noexcept : record_(record) {}
 
   std::optional<std::string_view> get(int32_t item) const noexcept {
     if (record_ == nullptr || item < 0 || item >= CORVINEL_LOCALE_ITEMS) return std::nullopt;
@@ -151,15 +151,59 @@ struct Parts {
   double clock12;  // the 12-hour clock value, 0 when the hour is missing
 };
 
+// Year, month, day and day of year of a day number whose year lies before
+// 4000, where the calendar is the proleptic Gregorian one: days counted
+// from 1 March of year 0 split into 400-year eras (the civil-from-days
+// algorithm), in integers, instead of the general routines' floating-point
+// steps.  The 4000-year rule starts to matter only in year 4000.
+struct CivilDay {
+  int64_t year, month, day, day_of_year;
+};
+
+constexpr int64_t kDaysFromMarch0ToEpoch = 715815;  // 1 March of year 0 to 1 January 1960
+constexpr int64_t kFirstValidDay = -138061;         // 1 January 1582
+constexpr int64_t kLastDayBefore4000 = 745094;      // 31 December 3999
+
+CivilDay civil_day(int64_t day_number) noexcept {
+  const int64_t days = day_number + kDaysFromMarch0ToEpoch;  // positive in range
+  const int64_t era = days / 146097;
+  const int64_t day_of_era = days - era * 146097;
+  const int64_t year_of_era =
+      (day_of_era - day_of_era / 1460 + day_of_era / 36524 - day_of_era / 146096) / 365;
+  const int64_t day_of_march_year =
+      day_of_era - (365 * year_of_era + year_of_era / 4 - year_of_era / 100);
+  const int64_t shifted_month = (5 * day_of_march_year + 2) / 153;  // 0 = March
+  CivilDay civil{};
+  civil.day = day_of_march_year - (153 * shifted_month + 2) / 5 + 1;
+  civil.month = shifted_month < 10 ? shifted_month + 3 : shifted_month - 9;
+  civil.year = year_of_era + era * 400 + (civil.month <= 2 ? 1 : 0);
+  const bool leap = civil.year % 4 == 0 && (civil.year % 100 != 0 || civil.year % 400 == 0);
+  // Day of year from the day of the March-based year: January and February
+  // close the March-based year before.
+  civil.day_of_year = shifted_month < 10 ? day_of_march_year + 60 + (leap ? 1 : 0)
+                                         : day_of_march_year - 305;
+  return civil;
+}
+
 Parts derive_parts(double date, double hour, double minute, double second) noexcept {
   Parts p{};
-  const double julian = is_missing(date) ? std_miss_val : zjuldat(date);
-  p.date_present = !is_missing(julian);
+  p.year = p.month = p.day = std_miss_val;
+  const double day = std::floor(date);
+  if (!is_missing(date) && day >= kFirstValidDay && day <= kLastDayBefore4000) {
+    const CivilDay civil = civil_day(static_cast<int64_t>(day));
+    p.date_present = true;
+    p.day_of_year = civil.day_of_year;
+    p.year = static_cast<double>(civil.year);
+    p.month = static_cast<double>(civil.month);
+    p.day = static_cast<double>(civil.day);
+  } else {
+    const double julian = is_missing(date) ? std_miss_val : zjuldat(date);
+    p.date_present = !is_missing(julian);
+    p.day_of_year = p.date_present ? whole(std::fmod(julian, 1000.0)) : 0;
+    if (p.date_present) zymdjul(&p.year, &p.month, &p.day, julian);
+  }
   p.date = p.date_present ? date : 0;
   p.weekday = p.date_present ? whole(zwekday(date)) - 1 : -1;
-  p.day_of_year = p.date_present ? whole(std::fmod(julian, 1000.0)) : 0;
-  p.year = p.month = p.day = std_miss_val;
-  if (p.date_present) zymdjul(&p.year, &p.month, &p.day, julian);
   p.hour = hour;
   p.minute = minute;
   p.second = second;
@@ -623,7 +667,14 @@ int32_t expand_with(const Items &items, const char *pattern, int32_t pattern_len
 int32_t expand(int32_t locale, const char *pattern, int32_t pattern_length, char *output,
                int32_t *field_width, int32_t fraction_digits, double date, double hour,
                double minute, double second) {
-  const RecordItems items(locale);
+  return expand_in_record(locale::select_record(locale), pattern, pattern_length, output,
+                          field_width, fraction_digits, date, hour, minute, second);
+}
+
+int32_t expand_in_record(const locitem *record, const char *pattern, int32_t pattern_length,
+                         char *output, int32_t *field_width, int32_t fraction_digits,
+                         double date, double hour, double minute, double second) {
+  const RecordItems items(record);
   return expand_with(items, pattern, pattern_length, output, field_width, fraction_digits, date,
                      hour, minute, second);
 }

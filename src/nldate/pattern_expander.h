@@ -6,6 +6,8 @@
 
 #include <cstdint>
 
+struct locitem;
+
 namespace corvinel::nldate {
 
 // Results of expand besides the length asked for with a null output.
@@ -22,6 +24,13 @@ inline constexpr int32_t kExpandUnknownDirective = -2;  // nothing written
 int32_t expand(int32_t locale, const char *pattern, int32_t pattern_length, char *output,
                int32_t *field_width, int32_t fraction_digits, double date, double hour,
                double minute, double second);
+
+// expand with the locale record already chosen: `record` is what
+// locale::select_record(locale) gave (null when it found none).  The entry
+// routines choose it once for the pattern item and the names alike.
+int32_t expand_in_record(const locitem *record, const char *pattern, int32_t pattern_length,
+                         char *output, int32_t *field_width, int32_t fraction_digits,
+                         double date, double hour, double minute, double second);
 
 }  // namespace corvinel::nldate
 

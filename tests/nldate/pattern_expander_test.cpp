@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <clocale>
+#include <cmath>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
@@ -11,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "corvinel/calendar.h"
 #include "corvinel/missing.h"
 #include "nldate/expander_support.h"
 #include "nldate/pattern_expander.h"
@@ -160,6 +163,28 @@ TEST(Expander, NumericDirectivesAgreeWithStrftime) {
     ++checked;
   }
   EXPECT_GT(checked, 100000);
+}
+
+// The year, month, day and day of year the expander writes agree with the
+// calendar routines for every day up to the year 4000 rule (where the
+// expander's own integer path ends) and a sample beyond, whole and with a
+// fraction (which both floor away).
+TEST(Expander, CalendarPartsAgreeWithTheCalendarRoutines) {
+  const int32_t en_us = record_number("en", "US");
+  const double first = day_number(1582, 1, 1), last = 6589335;  // 31 December 20000
+  const double dense_until = day_number(4010, 12, 31);
+  char expected[64];
+  for (double day = first; day <= last; day += day < dense_until ? 1 : 97) {
+    for (const double value : {day, day + 0.75}) {
+      double year = 0, month = 0, day_of_month = 0;
+      const double julian = zjuldat(value);
+      zymdjul(&year, &month, &day_of_month, julian);
+      // "%Y" keeps the last four digits of a five-digit year.
+      std::snprintf(expected, sizeof expected, "%04.0f %02.0f %02.0f %03.0f",
+                    std::fmod(year, 10000.0), month, day_of_month, std::fmod(julian, 1000.0));
+      ASSERT_EQ(expand_text(en_us, "%Y %m %d %j", value).text, expected) << value;
+    }
+  }
 }
 
 // Every directive, in every locale, through the in-place item reads and

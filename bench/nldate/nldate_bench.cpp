@@ -1,0 +1,258 @@
+// NLDATE20., NLDATM30., NLTIME10., NLDATEW29. and NLDATMZ40. in en_US, de_DE
+// and ja_JP under a UTF-8 session, side by side with ICU's udat_format and
+// with strftime, each given the pattern that writes the same text; then the
+// pattern expander alone against strftime on the same patterns.  A table
+// of ns per call and ratios follows the usual output.
+//
+// What each side does per call: ICU's formatter is opened once, outside the
+// timed loop (zone UTC, the locale's names); each call formats into UTF-16
+// and converts the result to UTF-8.  strftime runs under the C.UTF-8 session
+// (English names, the same pattern shape) on a struct tm split beforehand
+// with gmtime_r, so it is charged with neither the calendar nor the zone.
+// corvinel's time is a whole format call: limit check, locale lookup
+// through ORB_LOCALE, calendar arithmetic, every attempt at a pattern until
+// the field fits, and the field transcoded into the UTF-8 session's bytes.
+//
+//   cmake --preset bench && cmake --build --preset bench --target run-nldate-bench
+// (or run ./build/bench/bench/nldate/nldate_bench with benchmark options).
+#include <benchmark/benchmark.h>
+#include <unicode/udat.h>
+#include <unicode/ustring.h>
+
+#include <clocale>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "corvinel/formats.h"
+#include "nldate/pattern_expander.h"
+#include "support/session_locales.h"
+
+namespace {
+
+enum class Kind { kDate, kDatetime, kTime };
+
+// The same text three ways: corvinel's format, ICU's pattern, strftime's.
+struct Patterns {
+  const char16_t *icu;
+  const char *strftime;
+};
+
+struct FormatCase {
+  const char *name;
+  fmt_render_fn render;
+  int32_t width;
+  Kind kind;
+  Patterns en_US, de_DE, ja_JP;
+};
+
+const FormatCase kCases[] = {
+    {"NLDATE20.", nldate, 20, Kind::kDate,
+     {u"MMMM dd, y", "%B %d, %Y"},
+     {u"dd. MMMM y", "%d. %B %Y"},
+     {u"y年MM月dd日", "%Y年%m月%d日"}},
+    {"NLDATM30.", nldatm, 30, Kind::kDatetime,
+     {u"ddMMMy:HH:mm:ss", "%d%b%Y:%H:%M:%S"},
+     {u"dd. MMMM y HH.mm 'Uhr'", "%d. %B %Y %H.%M Uhr"},
+     {u"y/MM/dd HH時mm分ss秒", "%Y/%m/%d %H時%M分%S秒"}},
+    {"NLTIME10.", nltime, 10, Kind::kTime,
+     {u"HH:mm:ss", "%H:%M:%S"},
+     {u"HH.mm 'Uhr'", "%H.%M Uhr"},
+     {u"HH:mm:ss", "%H:%M:%S"}},
+    {"NLDATEW29.", nldatew, 29, Kind::kDate,
+     {u"EEEE, MMMM dd, y", "%A, %B %d, %Y"},
+     {u"EEEE, dd. MMMM y", "%A, %d. %B %Y"},
+     {u"y年M月dd日 EEEE", "%Y年%_m月%d日 %A"}},
+    {"NLDATMZ40.", nldatmz, 40, Kind::kDatetime,
+     {u"ddMMMy:HH:mm:ss xx", "%d%b%Y:%H:%M:%S %z"},
+     {u"dd. MMMM y HH.mm 'Uhr' xx", "%d. %B %Y %H.%M Uhr %z"},
+     {u"y年MM月dd日 HH時mm分ss秒 xx", "%Y年%m月%d日 %H時%M分%S秒 %z"}},
+};
+
+constexpr const char *kLocales[] = {"en_US", "de_DE", "ja_JP"};
+
+const Patterns &patterns_of(const FormatCase &c, const char *locale) {
+  const std::string name(locale);
+  return name == "en_US" ? c.en_US : name == "de_DE" ? c.de_DE : c.ja_JP;
+}
+
+// Datetimes of different months, weekdays and lengths, taken in turn.
+constexpr double kDatetimes[] = {1361709583.0, 0.0, 1577836799.0, 1234567890.0,
+                                 1393632000.0, 45583.0, 2000000000.0, 987654321.0};
+constexpr std::size_t kValueMask = std::size(kDatetimes) - 1;
+static_assert((std::size(kDatetimes) & kValueMask) == 0);
+
+constexpr double kSecondsPerDay = 86400;
+constexpr double kEpoch1970 = 3653 * kSecondsPerDay;  // 1 January 1970 in host seconds
+
+// The host's value of the i-th datetime for a format of `kind`.
+double host_value(Kind kind, std::size_t i) {
+  const double seconds = kDatetimes[i & kValueMask];
+  switch (kind) {
+    case Kind::kDate:
+      return static_cast<double>(static_cast<int64_t>(seconds / kSecondsPerDay));
+    case Kind::kTime:
+      return seconds - kSecondsPerDay * static_cast<double>(static_cast<int64_t>(seconds / kSecondsPerDay));
+    case Kind::kDatetime:
+      break;
+  }
+  return seconds;
+}
+
+// The same instant for ICU and the C library: Unix seconds.
+time_t unix_seconds(Kind kind, std::size_t i) {
+  const double value = host_value(kind, i);
+  switch (kind) {
+    case Kind::kDate:
+      return static_cast<time_t>(value * kSecondsPerDay - kEpoch1970);
+    case Kind::kTime:
+      return static_cast<time_t>(value);
+    case Kind::kDatetime:
+      break;
+  }
+  return static_cast<time_t>(value - kEpoch1970);
+}
+
+void corvinel_format(benchmark::State &state, const FormatCase &c, const char *locale) {
+  setenv("ORB_LOCALE", locale, 1);
+  double values[std::size(kDatetimes)];
+  for (std::size_t i = 0; i < std::size(values); ++i) values[i] = host_value(c.kind, i);
+  char output[256];
+  std::size_t i = 0;
+  for (auto _ : state) {
+    const double value = values[i++ & kValueMask];
+    fmtreq request{};
+    request.width = c.width;
+    request.value = &value;
+    request.output = output;
+    request.capacity = sizeof output;
+    benchmark::DoNotOptimize(c.render(&request));
+    benchmark::DoNotOptimize(output);
+  }
+}
+
+void icu_format(benchmark::State &state, const FormatCase &c, const char *locale) {
+  const std::u16string pattern = patterns_of(c, locale).icu;
+  UErrorCode status = U_ZERO_ERROR;
+  UDateFormat *format = udat_open(UDAT_PATTERN, UDAT_PATTERN, locale, u"UTC", -1, pattern.data(),
+                                  static_cast<int32_t>(pattern.size()), &status);
+  if (U_FAILURE(status)) {
+    state.SkipWithError(u_errorName(status));
+    udat_close(format);
+    return;
+  }
+  UDate instants[std::size(kDatetimes)];
+  for (std::size_t i = 0; i < std::size(instants); ++i) {
+    instants[i] = static_cast<UDate>(unix_seconds(c.kind, i)) * 1000.0;
+  }
+  UChar units[128];
+  char output[256];
+  std::size_t i = 0;
+  for (auto _ : state) {
+    UErrorCode error = U_ZERO_ERROR;
+    const int32_t length = udat_format(format, instants[i++ & kValueMask], units,
+                                       std::size(units), nullptr, &error);
+    int32_t bytes = 0;
+    u_strToUTF8(output, sizeof output, &bytes, units, length, &error);
+    benchmark::DoNotOptimize(bytes);
+    benchmark::DoNotOptimize(output);
+  }
+  udat_close(format);
+}
+
+void strftime_format(benchmark::State &state, const FormatCase &c, const char *locale) {
+  const char *pattern = patterns_of(c, locale).strftime;
+  std::tm times[std::size(kDatetimes)];
+  for (std::size_t i = 0; i < std::size(times); ++i) {
+    const time_t seconds = unix_seconds(c.kind, i);
+    gmtime_r(&seconds, &times[i]);
+  }
+  char output[256];
+  std::size_t i = 0;
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(std::strftime(output, sizeof output, pattern, &times[i++ & kValueMask]));
+    benchmark::DoNotOptimize(output);
+  }
+}
+
+// The expander alone, on the strftime pattern: the value already split
+// into its day number and time, the text left in the symbolic notation.
+void expand_only(benchmark::State &state, const FormatCase &c, const char *locale) {
+  setenv("ORB_LOCALE", locale, 1);
+  const std::string pattern = patterns_of(c, locale).strftime;
+  char output[256];
+  std::size_t i = 0;
+  for (auto _ : state) {
+    const double seconds = kDatetimes[i++ & kValueMask];
+    const auto day = static_cast<double>(static_cast<int64_t>(seconds / kSecondsPerDay));
+    const double time = seconds - day * kSecondsPerDay;
+    const auto hour = static_cast<double>(static_cast<int64_t>(time / 3600));
+    const auto minute = static_cast<double>(static_cast<int64_t>((time - hour * 3600) / 60));
+    int32_t width = static_cast<int32_t>(sizeof output);
+    benchmark::DoNotOptimize(corvinel::nldate::expand(
+        0, pattern.data(), static_cast<int32_t>(pattern.size()), output, &width, 0, day, hour,
+        minute, time - hour * 3600 - minute * 60));
+    benchmark::DoNotOptimize(output);
+  }
+}
+
+// The console output, then a table of each locale's times and ratios.
+class RatioReporter : public benchmark::ConsoleReporter {
+ public:
+  void ReportRuns(const std::vector<Run> &runs) override {
+    ConsoleReporter::ReportRuns(runs);
+    for (const Run &run : runs) {
+      if (!run.error_occurred) nanoseconds_[run.benchmark_name()] = run.GetAdjustedRealTime();
+    }
+  }
+  void Finalize() override {
+    ConsoleReporter::Finalize();
+    std::printf("\n%-18s %10s %10s %10s %10s %9s %9s %9s\n", "format/locale", "corvinel",
+                "icu", "strftime", "expand", "icu/corv", "corv/strf", "exp/strf");
+    for (const FormatCase &c : kCases) {
+      for (const char *locale : kLocales) {
+        const std::string key = std::string(c.name) + "/" + locale;
+        const double corvinel = nanoseconds_[key + "/corvinel"];
+        const double icu = nanoseconds_[key + "/icu"];
+        const double strftime_ns = nanoseconds_[key + "/strftime"];
+        const double expand_ns = nanoseconds_[key + "/expand"];
+        if (corvinel <= 0 || icu <= 0 || strftime_ns <= 0 || expand_ns <= 0) continue;
+        std::printf("%-18s %10.1f %10.1f %10.1f %10.1f %9.2f %9.2f %9.2f\n", key.c_str(),
+                    corvinel, icu, strftime_ns, expand_ns, icu / corvinel,
+                    corvinel / strftime_ns, expand_ns / strftime_ns);
+      }
+    }
+    std::printf("(ns per call; icu/corv above 1 means corvinel is faster)\n");
+  }
+
+ private:
+  std::map<std::string, double> nanoseconds_;
+};
+
+}  // namespace
+
+int main(int argc, char **argv) {
+  if (!corvinel::testing::prepare_session_locales(CORVINEL_BENCH_LOCPATH)) return 1;
+  if (std::setlocale(LC_ALL, corvinel::testing::kUtf8Locale) == nullptr) return 1;
+  setenv("TZ", "UTC", 1);
+  tzset();
+  for (const FormatCase &c : kCases) {
+    for (const char *locale : kLocales) {
+      const std::string name = std::string(c.name) + "/" + locale;
+      benchmark::RegisterBenchmark((name + "/corvinel").c_str(), corvinel_format, c, locale);
+      benchmark::RegisterBenchmark((name + "/icu").c_str(), icu_format, c, locale);
+      benchmark::RegisterBenchmark((name + "/strftime").c_str(), strftime_format, c, locale);
+      benchmark::RegisterBenchmark((name + "/expand").c_str(), expand_only, c, locale);
+    }
+  }
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  RatioReporter reporter;
+  benchmark::RunSpecifiedBenchmarks(&reporter);
+  benchmark::Shutdown();
+  return 0;
+}
