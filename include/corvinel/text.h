@@ -137,7 +137,7 @@ CORVINEL_API int32_t wzctdbl(void *dst, int32_t n, double x);
 /* Writes value right-justified in decimal into the w-byte field, blanks on
    the left, "-" before a negative value.  Returns 0, or fills the field with
    "*" and returns CORVINEL_INTEGER_OVERFLOW when the digits (and sign) do
-   not fit.  w <= 0 writes nothing and reports overflow. */
+   not fit.  w <= 0 or a null buf writes nothing and reports overflow. */
 CORVINEL_API int32_t wzclchr(int64_t value, char *buf, int32_t w);
 
 /* ---- Miscellany ---------------------------------------------------------

@@ -74,7 +74,7 @@ CodesetStep utf8_to_single_byte(uint32_t limit, const char *in, int32_t n, char 
   int32_t written = 0;
   CodesetStep step = CodesetStep::kConverted;
   while (next < end) {
-    if (written == cap) {
+    if (written >= cap) {
       step = CodesetStep::kNoRoom;
       break;
     }

@@ -1,6 +1,7 @@
 // getExpResultFromNarrowCharBuf and obnlsTranscodeUnicode.
 #include "locale/output_expansion.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 
@@ -83,6 +84,8 @@ int32_t transcode_unicode(const char *encoding_name, const unsigned char *units,
   if (encoding_name == nullptr || units == nullptr || out == nullptr || nbytes < 0) {
     return kTooShort;
   }
+  // A host may pass a negative capacity: it is no room at all.
+  outcap = std::max(outcap, 0);
   SessionEncoding encoding;
   name_session_encoding(encoding_name, encoding);
   TranscodeNotes notes;

@@ -6,7 +6,7 @@
 #include "corvinel/text.h"
 
 extern "C" int32_t wzclchr(int64_t value, char *buf, int32_t w) {
-  if (w <= 0) return CORVINEL_INTEGER_OVERFLOW;
+  if (w <= 0 || buf == nullptr) return CORVINEL_INTEGER_OVERFLOW;
   const bool negative = value < 0;
   // The magnitude in unsigned arithmetic, so that INT64_MIN has one too.
   uint64_t magnitude = negative ? 0 - static_cast<uint64_t>(value)

@@ -256,6 +256,31 @@ void compare_transcoding(uint32_t seed) {
   }
 }
 
+// A negative capacity is no room at all, for both kinds of converter: a
+// host can pass one, and the single-byte converters once wrote past `out`.
+TEST(FastTranscode, NegativeCapacityWritesNothing) {
+  constexpr std::size_t kWideGuard = 512;  // wider than any text of these units
+  const std::string units("\x05\0" "A\0\xAC\x20", 6);
+  for (const char *encoding : {"ISO-8859-1", "ANSI_X3.4-1968", "UTF-8", "EUC-JP", "CP1252"}) {
+    for (const int32_t outcap : {-1, -402, INT32_MIN}) {
+      for (const std::size_t length : {std::size_t{2}, units.size()}) {
+        const auto *in = reinterpret_cast<const unsigned char *>(units.data());
+        const auto n = static_cast<int32_t>(length);
+        std::string fast(kWideGuard, kGuard), per_call(kWideGuard, kGuard);
+        int32_t fast_len = -7, per_call_len = -7;
+        const int32_t a = obnlsTranscodeUnicode(encoding, in, n, fast.data(), outcap, &fast_len);
+        const int32_t b = corvinel::locale::transcode_unicode_per_call(encoding, in, n, per_call.data(),
+                                                                       outcap, &per_call_len);
+        EXPECT_EQ(a, b) << encoding << " " << outcap << " " << length;
+        EXPECT_EQ(fast_len, 0) << encoding << " " << outcap << " " << length;
+        EXPECT_EQ(per_call_len, 0) << encoding << " " << outcap << " " << length;
+        EXPECT_EQ(fast, std::string(kWideGuard, kGuard)) << encoding << " " << outcap;
+        EXPECT_EQ(per_call, std::string(kWideGuard, kGuard)) << encoding << " " << outcap;
+      }
+    }
+  }
+}
+
 TEST(FastTranscode, AgreesWithPerCallConvertersOnSeveralThreadsAtOnce) {
   std::vector<std::thread> threads;
   for (uint32_t t = 0; t < 4; ++t) threads.emplace_back(compare_transcoding, 100u + t);

@@ -98,7 +98,8 @@ INSTANTIATE_TEST_SUITE_P(
         Answer{"wzstrip NUL is no blank", [] { return wzstrip("AB\0 ", 4); }, 3},
         Answer{"min", [] { return ::min(INT_MAX, INT_MIN); }, INT_MIN},
         Answer{"max", [] { return ::max(INT_MIN, INT_MAX); }, INT_MAX},
-        Answer{"wzstjls null field", [] { int32_t len = -7; wzstjls(nullptr, 4, 'R', &len, nullptr); return len; }, 0}));
+        Answer{"wzstjls null field", [] { int32_t len = -7; wzstjls(nullptr, 4, 'R', &len, nullptr); return len; }, 0},
+        Answer{"wzclchr null field", [] { return wzclchr(19807, nullptr, 22); }, CORVINEL_INTEGER_OVERFLOW}));
 
 // Overlapping calls work on "ABCDEFGH": s + 2 as the destination of s moves
 // right, s as the destination of s + 2 moves left.
