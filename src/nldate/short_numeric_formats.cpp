@@ -90,7 +90,8 @@ class ShortText {
       overflow_ = true;
       return;
     }
-    std::memcpy(bytes_ + length_, text, static_cast<std::size_t>(length));
+    // An empty piece (a locale without a separator) may come as a null text.
+    if (length > 0) std::memcpy(bytes_ + length_, text, static_cast<std::size_t>(length));
     length_ += length;
   }
   void put_number(int64_t value, int32_t digits) {

@@ -67,6 +67,11 @@ const Row kRows[] = {
     {"NLDATE", 20, 0, "pl_PL", kDate, "24 lutego 2003"},
     {"NLDATE", 20, 0, "fi_FI", kDate, "24. helmikuuta 2003"},
     {"NLDATE", 10, 0, "hi_IN", kDate, "24/02/03"},
+    // An ORB_LOCALE that names no record: no patterns, no order and no
+    // separator, so the short numeric form in month-day-year order, joined.
+    {"NLDATE", 20, 0, "xx_YY", kDate, "02242003"},
+    {"NLDATES", 10, 0, "xx_YY", kDate, "02242003"},
+    {"NLDATEMDS", 6, 0, "xx_YY", kDate, "0224"},
     // NLDATM: fraction digits lost one by one, then the short pattern,
     // then the short datetime.
     {"NLDATM", 30, 0, "en_US", kDatetime, "19Nov2012:14:38:52"},

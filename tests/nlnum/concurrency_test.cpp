@@ -8,7 +8,9 @@
 
 #include <gtest/gtest.h>
 
+#include "corvinel/fmtinfo.h"
 #include "corvinel/formats.h"
+#include "corvinel/missing.h"
 #include "corvinel/locale_db.h"
 #include "support/request_builder.h"
 #include "support/session_locales.h"
@@ -17,6 +19,8 @@ namespace {
 
 using corvinel::testing::Request;
 
+const double kMissing = std_miss_val;
+
 struct Call {
   fmt_render_fn render;
   int32_t width, decimals;
@@ -24,19 +28,20 @@ struct Call {
   int32_t locale;
 };
 
+// Every format of the registry at its default width and decimals, with
+// numbers, a date, a datetime, a time and a missing value, each in a spread
+// of locales chosen by number.
 std::vector<Call> calls() {
-  const fmt_render_fn formats[] = {nlnum, nlmny, nlpct, nlmnieur, nlmnljpy, nlbest, nlstrmon};
-  const double values[] = {-1234567.891, 0.125, 3, 1e18};
-  // Dates, datetimes and times, one of them with the zone offset ("%z").
-  const fmt_render_fn date_formats[] = {nldate, nldatm, nltime, nldatmz, nldatel, nldates, nldatms};
-  const double date_values[] = {15760, 1668955132.125, 52732.5, -138061};
+  const double values[] = {-1234567.891, 15760, 1668955132.125, 52732.5, 1e18, kMissing};
+  constexpr int32_t kLocalesPerValue = 8;
   std::vector<Call> all;
-  for (int32_t locale = 1; locale <= CORVINEL_LOCALE_RECORDS; ++locale) {
-    for (const fmt_render_fn f : formats) {
-      for (const double v : values) all.push_back({f, 14, 2, v, locale});
-    }
-    for (const fmt_render_fn f : date_formats) {
-      for (const double v : date_values) all.push_back({f, 40, 2, v, locale});
+  for (int32_t f = 0; f < CORVINEL_FORMAT_COUNT; ++f) {
+    const fmtdesc &d = fmtinfo_eachfmt[f];
+    for (std::size_t v = 0; v < std::size(values); ++v) {
+      for (int32_t k = 0; k < kLocalesPerValue; ++k) {
+        const auto locale = static_cast<int32_t>(1 + (f * 7 + v * 31 + k * 17) % CORVINEL_LOCALE_RECORDS);
+        all.push_back({d.render, d.defw, d.defd, values[v], locale});
+      }
     }
   }
   return all;
