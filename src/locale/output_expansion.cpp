@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <optional>
+#include <type_traits>
 
 #include "corvinel/fmtreq.h"
 #include "corvinel/transcode.h"
@@ -31,17 +33,40 @@ bool is_escape(const char *at) {
   return at[0] == '<' && (at[1] & ~0x20) == 'U' && at[6] == '>';
 }
 
+// A text of ASCII bytes (no "<", so no escape; no NUL) under a UTF-8
+// session: each byte is one unit and converts to itself, so the text is its
+// own result, cut back to the width one byte at a time.  Nothing for any
+// other text.
+std::optional<int32_t> expand_plain_ascii(char *buf, int32_t *len, int32_t width,
+                                          int32_t capacity) {
+  const int32_t length = *len;
+  if (length > kMaxUnits) return std::nullopt;
+  for (int32_t i = 0; i < length; ++i) {
+    const auto c = static_cast<unsigned char>(buf[i]);
+    if (c == 0 || c >= 0x80 || c == '<') return std::nullopt;
+  }
+  const int32_t kept = std::min(length, width);
+  if (capacity < kept) return kExpansionNoRoom;
+  *len = kept;
+  return length > width ? kExpansionShortened : length - width;
+}
+
 template <typename Converters>
 int32_t expand_output(int32_t outenc, int32_t *encout, char *buf, int32_t *len, int32_t width,
                       int32_t capacity) {
   if (buf == nullptr || len == nullptr || *len < 0) return kExpansionImpossible;
   if (width < 0) width = 0;  // no text is shorter than empty
+  SessionEncoding encoding;
+  Converters::read_session_encoding(encoding);
+  if constexpr (std::is_same_v<Converters, FastConverters>) {
+    if (outenc != CORVINEL_ENC_UTF16LE && encoding.utf8) {
+      if (const auto result = expand_plain_ascii(buf, len, width, capacity)) return *result;
+    }
+  }
   unsigned char units[kStepCapacity];
   int32_t n = expand_escapes(buf, *len, units);
   if (n < 0) return kExpansionImpossible;
 
-  SessionEncoding encoding;
-  Converters::read_session_encoding(encoding);
   char result[kStepCapacity];
   int32_t result_len = 0;
   TranscodeNotes notes;

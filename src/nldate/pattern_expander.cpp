@@ -123,7 +123,9 @@ class Text {
   int64_t length_ = 0;
 };
 
-bool is_missing(double value) noexcept { return zmiss(value) != 0 || std::isnan(value); }
+// A missing value is a NaN (its top 16 bits are all ones), so one test
+// covers the host's missing values and every other NaN.
+bool is_missing(double value) noexcept { return std::isnan(value); }
 
 // The integer part of a part of the value as a magnitude for the digit
 // writer; infinities and values beyond 64 bits saturate.

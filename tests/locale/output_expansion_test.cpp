@@ -216,6 +216,33 @@ TEST_P(FastExpansion, AgreesWithPerCallConverters) {
   }
 }
 
+// Plain ASCII texts, the common case a shortcut serves: every length
+// around the width and the capacity, "<" that starts no escape, the
+// control bytes and the 200-unit limit.
+TEST_P(FastExpansion, AgreesOnPlainAsciiTexts) {
+  corvinel::testing::ScopedSessionLocale session(GetParam());
+  ASSERT_TRUE(session.active()) << GetParam();
+  std::mt19937 rng(19601001u);
+  for (const int32_t length : {0, 1, 7, 19, 20, 21, 199, 200, 201}) {
+    for (int i = 0; i < 12; ++i) {
+      std::string text;
+      for (int32_t k = 0; k < length; ++k) {
+        text += i == 0 ? static_cast<char>(0x01 + rng() % 0x7F) : "Feb 24, 2003 <U!>09:"[rng() % 20];
+      }
+      for (const int32_t width : {length - 1, length, length + 1, 0, -1, 10}) {
+        for (const int32_t room : {width, length, length - 1, 402}) {
+          const int32_t capacity = std::max(room, 0);
+          for (const int32_t outenc : {0, 25}) {
+            ASSERT_EQ(expand(getExpResultFromNarrowCharBuf, text, outenc, width, capacity),
+                      expand(corvinel::locale::expand_output_per_call, text, outenc, width, capacity))
+                << text << " width " << width << " capacity " << capacity;
+          }
+        }
+      }
+    }
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(SessionEncodings, FastExpansion,
                          ::testing::Values(corvinel::testing::kUtf8Locale, corvinel::testing::kLatin1Locale,
                                            corvinel::testing::kEucJpLocale, corvinel::testing::kAsciiLocale,
