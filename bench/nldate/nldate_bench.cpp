@@ -24,12 +24,12 @@
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
-#include <map>
 #include <string>
 #include <vector>
 
 #include "corvinel/formats.h"
 #include "nldate/pattern_expander.h"
+#include "support/run_times_reporter.h"
 #include "support/session_locales.h"
 
 namespace {
@@ -201,14 +201,8 @@ void expand_only(benchmark::State &state, const FormatCase &c, const char *local
 }
 
 // The console output, then a table of each locale's times and ratios.
-class RatioReporter : public benchmark::ConsoleReporter {
+class RatioReporter : public corvinel::bench::RunTimesReporter {
  public:
-  void ReportRuns(const std::vector<Run> &runs) override {
-    ConsoleReporter::ReportRuns(runs);
-    for (const Run &run : runs) {
-      if (!run.error_occurred) nanoseconds_[run.benchmark_name()] = run.GetAdjustedRealTime();
-    }
-  }
   void Finalize() override {
     ConsoleReporter::Finalize();
     std::printf("\n%-18s %10s %10s %10s %10s %9s %9s %9s\n", "format/locale", "corvinel",
@@ -216,10 +210,10 @@ class RatioReporter : public benchmark::ConsoleReporter {
     for (const FormatCase &c : kCases) {
       for (const char *locale : kLocales) {
         const std::string key = std::string(c.name) + "/" + locale;
-        const double corvinel = nanoseconds_[key + "/corvinel"];
-        const double icu = nanoseconds_[key + "/icu"];
-        const double strftime_ns = nanoseconds_[key + "/strftime"];
-        const double expand_ns = nanoseconds_[key + "/expand"];
+        const double corvinel = nanoseconds(key + "/corvinel");
+        const double icu = nanoseconds(key + "/icu");
+        const double strftime_ns = nanoseconds(key + "/strftime");
+        const double expand_ns = nanoseconds(key + "/expand");
         if (corvinel <= 0 || icu <= 0 || strftime_ns <= 0 || expand_ns <= 0) continue;
         std::printf("%-18s %10.1f %10.1f %10.1f %10.1f %9.2f %9.2f %9.2f\n", key.c_str(),
                     corvinel, icu, strftime_ns, expand_ns, icu / corvinel,
@@ -228,9 +222,6 @@ class RatioReporter : public benchmark::ConsoleReporter {
     }
     std::printf("(ns per call; icu/corv above 1 means corvinel is faster)\n");
   }
-
- private:
-  std::map<std::string, double> nanoseconds_;
 };
 
 }  // namespace

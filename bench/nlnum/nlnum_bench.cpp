@@ -21,12 +21,12 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <map>
 #include <string>
 #include <vector>
 
 #include "corvinel/formats.h"
 #include "corvinel/locale_db.h"
+#include "support/run_times_reporter.h"
 #include "support/session_locales.h"
 
 namespace {
@@ -123,14 +123,8 @@ void snprintf_format(benchmark::State &state, const FormatCase &c) {
 }
 
 // The console output, then each corvinel and snprintf time against ICU's.
-class RatioReporter : public benchmark::ConsoleReporter {
+class RatioReporter : public corvinel::bench::RunTimesReporter {
  public:
-  void ReportRuns(const std::vector<Run> &runs) override {
-    ConsoleReporter::ReportRuns(runs);
-    for (const Run &run : runs) {
-      if (!run.error_occurred) nanoseconds_[run.benchmark_name()] = run.GetAdjustedRealTime();
-    }
-  }
   void Finalize() override {
     ConsoleReporter::Finalize();
     std::printf("\nICU output stays UTF-16, unpadded; corvinel's is the padded UTF-8 field.");
@@ -139,18 +133,15 @@ class RatioReporter : public benchmark::ConsoleReporter {
     for (const FormatCase &c : kCases) {
       for (const char *locale : kLocales) {
         const std::string key = std::string(c.name) + "/" + locale + "/";
-        const double corvinel = nanoseconds_[key + "corvinel"];
-        const double icu = nanoseconds_[key + "icu"];
-        const double snprintf_ns = nanoseconds_[std::string(c.name) + "/snprintf"];
+        const double corvinel = nanoseconds(key + "corvinel");
+        const double icu = nanoseconds(key + "icu");
+        const double snprintf_ns = nanoseconds(std::string(c.name) + "/snprintf");
         if (corvinel <= 0 || icu <= 0) continue;
         std::printf("%-22s %12.1f %12.1f %12.1f %10.2f %10.2f\n", (key.substr(0, key.size() - 1)).c_str(),
                     corvinel, icu, snprintf_ns, corvinel / icu, icu / corvinel);
       }
     }
   }
-
- private:
-  std::map<std::string, double> nanoseconds_;
 };
 
 }  // namespace

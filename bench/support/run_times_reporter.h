@@ -1,0 +1,34 @@
+// The console reporter that also keeps each run's real time per iteration
+// (in the unit of the run, nanoseconds here) by benchmark name, for the
+// tables of ratios the benchmarks print after the usual output.
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace corvinel::bench {
+
+class RunTimesReporter : public benchmark::ConsoleReporter {
+ public:
+  void ReportRuns(const std::vector<Run> &runs) override {
+    ConsoleReporter::ReportRuns(runs);
+    for (const Run &run : runs) {
+      if (!run.error_occurred) nanoseconds_[run.benchmark_name()] = run.GetAdjustedRealTime();
+    }
+  }
+
+ protected:
+  // 0 for a benchmark that did not run or failed.
+  double nanoseconds(const std::string &name) const {
+    const auto found = nanoseconds_.find(name);
+    return found != nanoseconds_.end() ? found->second : 0;
+  }
+
+ private:
+  std::map<std::string, double> nanoseconds_;
+};
+
+}  // namespace corvinel::bench
