@@ -54,7 +54,10 @@ int32_t place_at_start(fmtreq &request, const char *text, int32_t length, Accept
   // of that size with the room cut to it gives the same results as
   // expanding in a buffer of the request's capacity.
   if (length > locale::kStepCapacity) return locale::kExpansionImpossible;
-  if (accept == Accept::kWhole) length = cut_for_result_only(text, length, request.width);
+  // A text of no more bytes than the width has no more units either.
+  if (accept == Accept::kWhole && length > request.width) {
+    length = cut_for_result_only(text, length, request.width);
+  }
   char work[locale::kStepCapacity];
   std::memcpy(work, text, static_cast<std::size_t>(std::max(length, 0)));
   int32_t expanded = length;
