@@ -4,8 +4,11 @@
 #include <cctype>
 #include <cerrno>
 #include <charconv>
+#include <cmath>
 #include <cstdlib>
 #include <cstring>
+#include <limits>
+#include <optional>
 
 namespace corvinel::cli {
 namespace {
@@ -37,13 +40,32 @@ double missing_value(int index) {
   return std::bit_cast<double>(0xFFFF000000000000ull | (uint64_t{code} << 40));
 }
 
+// "inf", "infinity" and "nan" with an optional sign, in any case: the
+// non-finite values written as such.
+std::optional<double> special_value(std::string_view text) {
+  const bool negative = !text.empty() && text[0] == '-';
+  if (!text.empty() && (text[0] == '-' || text[0] == '+')) text.remove_prefix(1);
+  std::string word;
+  for (const char c : text) word.push_back(static_cast<char>(c | 0x20));
+  if (word == "inf" || word == "infinity") {
+    return negative ? -std::numeric_limits<double>::infinity() : std::numeric_limits<double>::infinity();
+  }
+  if (word == "nan") return negative ? -std::numeric_limits<double>::quiet_NaN() : std::numeric_limits<double>::quiet_NaN();
+  return std::nullopt;
+}
+
+bool is_hexadecimal(std::string_view text) {
+  if (!text.empty() && (text[0] == '-' || text[0] == '+')) text.remove_prefix(1);
+  return text.size() >= 2 && text[0] == '0' && (text[1] == 'x' || text[1] == 'X');
+}
+
 struct OptionTakingValue {
   std::string_view name;
   void (*apply)(Options &, std::string_view);
 };
 
-constexpr int32_t kInt32Min = INT32_MIN;
 constexpr int32_t kInt32Max = INT32_MAX;
+constexpr int32_t kLocaleNumbers = 136;
 constexpr int32_t kLastItem = 188;
 
 const OptionTakingValue kOptionsTakingValue[] = {
@@ -51,7 +73,7 @@ const OptionTakingValue kOptionsTakingValue[] = {
     {"--locale", [](Options &o, std::string_view v) { o.locale_name = std::string(v); }},
     {"--locale-number",
      [](Options &o, std::string_view v) {
-       o.locale_number = parse_int(v, "--locale-number", kInt32Min, kInt32Max);
+       o.locale_number = parse_int(v, "--locale-number", 1, kLocaleNumbers);
      }},
     {"--capacity",
      [](Options &o, std::string_view v) {
@@ -67,7 +89,9 @@ struct Flag {
 };
 
 const Flag kFlags[] = {
-    {"--check", &Options::check}, {"--utf16", &Options::utf16},
+    {"--check", &Options::check}, {"--no-check", &Options::no_check},
+    {"--all-locales", &Options::all_locales}, {"--items", &Options::items},
+    {"--utf16", &Options::utf16},
     {"--bars", &Options::bars},   {"--classic", &Options::classic},
     {"--expand", &Options::expand}, {"--list", &Options::list},
     {"--help", &Options::help},   {"-h", &Options::help},
@@ -106,8 +130,14 @@ bool looks_like_option(std::string_view word) {
 
 void check_mode(const Options &options) {
   if (options.help) return;
-  const bool listing = options.list || options.item.has_value();
-  if (options.list && options.item) throw UsageError("--list and --item exclude each other");
+  const bool listing = options.list || options.item.has_value() || options.items;
+  if (options.list + options.item.has_value() + options.items > 1) {
+    throw UsageError("--list, --item and --items exclude each other");
+  }
+  if (options.check && options.no_check) throw UsageError("--check and --no-check exclude each other");
+  if (options.all_locales && (options.locale_name || options.locale_number != 0)) {
+    throw UsageError("--all-locales excludes --locale and --locale-number");
+  }
   if (options.expand && !options.item) throw UsageError("--expand needs --item");
   if (listing) {
     if (!options.format.empty()) throw UsageError("unexpected argument " + quoted(options.format));
@@ -172,11 +202,16 @@ double parse_value(std::string_view text, ValueKind kind) {
   if (copy.empty() || std::isspace(static_cast<unsigned char>(copy[0]))) {
     throw UsageError("VALUE is not a number: " + quoted(text));
   }
+  if (const auto special = special_value(text)) return *special;
   char *end = nullptr;
   errno = 0;
   const double value = std::strtod(copy.c_str(), &end);
-  // Overflow and underflow still give the nearest double (inf, 0).
-  if (end == copy.c_str() + copy.size()) return value;
+  if (end == copy.c_str() + copy.size()) {
+    if (is_hexadecimal(text)) throw UsageError("VALUE is hexadecimal, write it in decimal: " + quoted(text));
+    if (std::isinf(value)) throw UsageError("VALUE is too large for a double: " + quoted(text));
+    if (std::isnan(value)) throw UsageError("VALUE is not a number: " + quoted(text));
+    return value;  // an underflow gives the nearest double, 0 or a subnormal
+  }
   if (const auto literal = parse_literal(text, kind)) return *literal;
   throw UsageError("VALUE is not a number, date or time: " + quoted(text));
 }

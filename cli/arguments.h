@@ -22,10 +22,13 @@ class UsageError : public std::runtime_error {
 struct Options {
   std::string module_path;  // empty: libcorvinel.so beside the tool
   std::optional<std::string> locale_name;
-  int32_t locale_number = 0;
+  int32_t locale_number = 0;  // 0: the locale comes from ORB_LOCALE
   std::optional<int32_t> capacity;
   std::optional<int32_t> item;
   bool check = false;
+  bool no_check = false;     // no note on a width or decimals outside the limits
+  bool all_locales = false;  // render in every compiled-in locale
+  bool items = false;        // list the locale item codes
   bool utf16 = false;
   bool bars = false;
   bool classic = false;
@@ -52,9 +55,11 @@ inline constexpr int32_t kMaxCapacity = 1 << 20;
 
 ParsedFormat parse_format(std::string_view text);
 
-// A number as strtod reads it (nan and inf included), a missing value
-// (".", "._", ".A" .. ".Z", letters in either case), or a date, datetime or
-// time literal converted to what a format of `kind` reads (parse_literal).
+// A decimal number as strtod reads it, "inf", "-inf", "infinity" or "nan"
+// (any case), a missing value (".", "._", ".A" .. ".Z", letters in either
+// case), or a date, datetime or time literal converted to what a format of
+// `kind` reads (parse_literal).  A number too large for a double and a
+// hexadecimal number are refused rather than read as infinity or in base 16.
 double parse_value(std::string_view text, ValueKind kind = ValueKind::kNumber);
 
 }  // namespace corvinel::cli

@@ -40,10 +40,36 @@ class GuardedBuffer {
   std::vector<char> bytes_;
 };
 
+// What a result other than 0 means, for the results the formats and the
+// classic renderings give.
+const char *result_meaning(int32_t result) {
+  switch (result) {
+    case CORVINEL_WIDTH_TOO_SMALL:
+      return "width below the format's minimum";
+    case CORVINEL_WIDTH_TOO_LARGE:
+      return "width above the format's maximum";
+    case CORVINEL_DECIMALS_TOO_SMALL:
+      return "decimals below the format's minimum";
+    case CORVINEL_DECIMALS_TOO_LARGE:
+      return "decimals above the format's maximum";
+    case CORVINEL_OUT_OF_RANGE:
+      return "value out of range";
+    case CORVINEL_HOURS_TOO_LARGE:
+      return "hours too large";
+    case CORVINEL_DOES_NOT_FIT:
+      return "number does not fit";
+    default:
+      return nullptr;
+  }
+}
+
 void report_result(int32_t result) {
+  const char *meaning = result_meaning(result);
   if (result < 0) {
-    std::fprintf(stderr, "corvinel-fmt: result %d (0x%08x)\n", static_cast<int>(result),
-                 static_cast<unsigned>(result));
+    std::fprintf(stderr, "corvinel-fmt: %s (result %d, 0x%08x)\n", meaning ? meaning : "failed",
+                 static_cast<int>(result), static_cast<unsigned>(result));
+  } else if (meaning != nullptr) {
+    std::fprintf(stderr, "corvinel-fmt: %s (result %d)\n", meaning, static_cast<int>(result));
   } else {
     std::fprintf(stderr, "corvinel-fmt: result %d\n", static_cast<int>(result));
   }
@@ -65,7 +91,7 @@ void Printer::print(const char *bytes, int32_t length) const {
 }
 
 bool render_value(const Rendering &rendering, double value, const Options &options,
-                  const Printer &printer) {
+                  const Printer &printer, int32_t locale_number, const std::string &prefix) {
   const int32_t capacity = options.capacity.value_or(std::max(rendering.width, kExpansionRoom));
   GuardedBuffer buffer(capacity);
   fmtreq request{};
@@ -76,7 +102,7 @@ bool render_value(const Rendering &rendering, double value, const Options &optio
   request.capacity = capacity;
   request.outlen = 0;
   request.flags = options.check ? FMTREQ_CHECK_LIMITS : 0;
-  request.locale = options.locale_number;
+  request.locale = locale_number;
   request.xcode_b = options.utf16 ? CORVINEL_ENC_UTF16LE : 0;
 
   const int32_t result = rendering.render(&request);
@@ -96,6 +122,7 @@ bool render_value(const Rendering &rendering, double value, const Options &optio
                  static_cast<int>(request.outlen), static_cast<int>(capacity));
     return false;
   }
+  std::fputs(prefix.c_str(), stdout);
   printer.print(buffer.data(), request.outlen);
   return true;
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "arguments.h"
 #include "corvinel/fmtreq.h"
@@ -23,11 +24,12 @@ struct Printer {
   void print(const char *bytes, int32_t length) const;
 };
 
-// Renders one value and prints the field it left.  On a result other than 0
-// (or a format that broke its buffer) prints nothing on stdout, reports on
-// stderr and returns false.
+// Renders one value with the request's locale number `locale_number` and
+// prints `prefix` and the field it left.  On a result other than 0 (or a
+// format that broke its buffer) prints nothing on stdout, reports on stderr
+// with the result's meaning and returns false.
 bool render_value(const Rendering &rendering, double value, const Options &options,
-                  const Printer &printer);
+                  const Printer &printer, int32_t locale_number, const std::string &prefix = "");
 
 // Prints locale item options.item of the current locale, raw or (with
 // --expand) through output expansion.  Reports on stderr and returns false

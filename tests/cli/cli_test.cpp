@@ -22,6 +22,7 @@
 
 #include "arguments.h"
 #include "classic_names.h"
+#include "item_codes.h"
 
 namespace {
 
@@ -53,14 +54,16 @@ TEST(ParseValue, ReadsMissingValuesAndNumbersAsStrtodDoes) {
   const std::pair<const char *, uint64_t> cases[] = {
       {".", 0xFFFFFE0000000000ull},  {"._", 0xFFFFFF0000000000ull}, {".a", 0xFFFFFD0000000000ull},
       {".Z", 0xFFFFE40000000000ull}, {".m", 0xFFFFF10000000000ull}, {"-0", 0x8000000000000000ull},
-      {"-1.5e3", 0xC097700000000000ull}, {".5", 0x3FE0000000000000ull}, {"0x10", 0x4030000000000000ull},
-      {"1e999", 0x7FF0000000000000ull}, {"-inf", 0xFFF0000000000000ull}};
+      {"-1.5e3", 0xC097700000000000ull}, {".5", 0x3FE0000000000000ull}, {"1e-999", 0},
+      {"Infinity", 0x7FF0000000000000ull}, {"-inf", 0xFFF0000000000000ull}};
   for (const auto &[text, bits] : cases) {
     EXPECT_EQ(std::bit_cast<uint64_t>(parse_value(text)), bits) << text;
   }
   EXPECT_TRUE(std::isnan(parse_value("-NAN")));
   for (const char *text :
-       {"", " 1", "1 ", "abc", "1e", "..", ".AB", ".1A", ".-", "1,5", ".\xc3\xa9"}) {
+       {"", " 1", "1 ", "abc", "1e", "..", ".AB", ".1A", ".-", "1,5", ".\xc3\xa9",
+        // A silent infinity or base 16 is not what people meant.
+        "1e999", "-1e999", "0x10", "-0X1p3", "nan(1)", "infinite"}) {
     EXPECT_THROW(parse_value(text), UsageError) << '"' << text << '"';
   }
 }
@@ -244,12 +247,25 @@ std::string name_of(const ::testing::TestParamInfo<ToolCase> &info) { return inf
 INSTANTIATE_TEST_SUITE_P(
     RealModule, Tool,
     ::testing::Values(
-        ToolCase{"WidthBelowMinimum", {"--check", "NLNUM0.", "1"}, 3, "", "corvinel-fmt: result 39\n"},
+        ToolCase{"WidthBelowMinimum", {"--check", "NLNUM0.", "1"}, 3, "",
+                 "note: NLNUM: width 0 is below the minimum 1\n"
+                 "corvinel-fmt: width below the format's minimum (result 39)\n"},
         ToolCase{"PvalueRefusesNoDecimals", {"--check", "NLPVALUE6.0", "1", "2"}, 3, "",
-                 "corvinel-fmt: result 41\ncorvinel-fmt: result 41\n"},
+                 "corvinel-fmt: decimals below the format's minimum (result 41)\n"
+                 "corvinel-fmt: decimals below the format's minimum (result 41)\n"},
+        // Unchecked, the format renders what it is given; the tool says why
+        // the host would refuse it, unless told not to.
+        ToolCase{"WidthAboveMaximumNoted", {"NLNUM200.", "1"}, 0, std::string(32, '*') + "\n",
+                 "corvinel-fmt: note: NLNUM: width 200 is above the maximum 32\n"},
+        ToolCase{"NoCheckSilencesTheNote", {"--no-check", "--bars", "NLNUM12.99", "1"}, 0, "|           1|\n", ""},
+        ToolCase{"ClassicResultNamed", {"--classic", "DATE9.", "1e15"}, 3, "",
+                 "corvinel-fmt: value out of range (result -2147362795, 0x8001d815)\n"},
+        ToolCase{"LocaleNameWithEncoding", {"--locale", "de_DE.UTF-8", "NLSTRMON8.", "3"}, 0, "M\xC3\xA4rz\n", "",
+                 "LC_ALL= LC_CTYPE= LANG=C.UTF-8"},
         ToolCase{"MarksAtUnitsPlace", {"--bars", "nlnum8.2", ".", "._", ".z"}, 0,
                  "|     .  |\n|     _  |\n|     Z  |\n", ""},
-        ToolCase{"PercentLeavesRoomForTheSign", {"--bars", "NLPCT6.99", "."}, 0, "|   .  |\n", ""},
+        ToolCase{"PercentLeavesRoomForTheSign", {"--bars", "NLPCT6.99", "."}, 0, "|   .  |\n",
+                 "note: NLPCT: decimals 99 is above the maximum 31"},
         ToolCase{"DefaultsFromTheDescriptor", {"--bars", "NLMNY", ".B"}, 0, "|        B|\n", ""},
         ToolCase{"DateMarkAndOutOfRange", {"--bars", "NLDATE.", ".C", "-138062"}, 0,
                  "|" + std::string(19, ' ') + "C|\n|" + std::string(20, '*') + "|\n", ""},
@@ -264,7 +280,7 @@ INSTANTIATE_TEST_SUITE_P(
         ToolCase{"ClassicBareWidthAndDecimals", {"--bars", "--classic", "6.3", "23.45", "-1234"}, 0,
                  "|23.450|\n| -1234|\n", ""},
         ToolCase{"ClassicOverflowReportedNotPrinted", {"--bars", "--classic", "2.", "123", "12"}, 3,
-                 "|12|\n", "corvinel-fmt: result -2147362777 (0x8001d827)\n"},
+                 "|12|\n", "corvinel-fmt: number does not fit (result -2147362777, 0x8001d827)\n"},
         // Literals reach each format as the number its kind reads.
         ToolCase{"DateLiterals", {"--locale", "de_DE", "NLDATE20.", "2003-02-24", "1jan1960"}, 0,
                  "24. Februar 2003\n01. Januar 1960\n", "", "LANG=C.UTF-8"},
@@ -294,7 +310,19 @@ INSTANTIATE_TEST_SUITE_P(
         ToolCase{"ListWithFormat", {"--list", "NLNUM"}, 2, "", "unexpected argument"},
         ToolCase{"NoModule", {"--module", "/nonexistent/libcorvinel.so", "NLNUM", "1"}, 2, "",
                  "cannot load module /nonexistent/libcorvinel.so"},
-        ToolCase{"UnknownClassic", {"--classic", "NOPE6.", "1"}, 2, "", "unknown classic rendering NOPE"}),
+        ToolCase{"UnknownClassic", {"--classic", "NOPE6.", "1"}, 2, "", "unknown classic rendering NOPE"},
+        ToolCase{"UnknownLocale", {"--locale", "xx_YY", "NLNUM", "1"}, 2, "", "unknown locale \"xx_YY\"\n"},
+        ToolCase{"LocaleInWords", {"--locale", "German", "NLNUM", "1"}, 2, "",
+                 "unknown locale \"German\"; nearest: de_AT de_DE de_LI de_LU de_CH\n"},
+        ToolCase{"LocaleLanguageOnly", {"--locale", "fr", "NLNUM", "1"}, 2, "", "; nearest: fr_BE fr_CA"},
+        ToolCase{"LocaleEmpty", {"--locale", "", "NLNUM", "1"}, 2, "", "unknown locale \"\""},
+        ToolCase{"LocaleNumberZero", {"--locale-number", "0", "NLNUM", "1"}, 2, "", "--locale-number 0 is out of range (1..136)"},
+        ToolCase{"LocaleNumberAbove", {"--locale-number=137", "NLNUM", "1"}, 2, "", "out of range (1..136)"},
+        ToolCase{"LocaleNumberNegative", {"--locale-number", "-5", "NLNUM", "1"}, 2, "", "out of range (1..136)"},
+        ToolCase{"HexadecimalValue", {"NLNUM", "0x10"}, 2, "", "VALUE is hexadecimal, write it in decimal: \"0x10\""},
+        ToolCase{"ValueOverflows", {"NLNUM", "1e999"}, 2, "", "VALUE is too large for a double: \"1e999\""},
+        ToolCase{"CheckAndNoCheck", {"--check", "--no-check", "NLNUM", "1"}, 2, "", "exclude each other"},
+        ToolCase{"AllLocalesAndLocale", {"--all-locales", "--locale", "de_DE", "NLNUM", "1"}, 2, "", "--all-locales excludes"}),
     name_of);
 
 // The stand-in reports the request it receives: w<width> d<decimals>
@@ -309,8 +337,8 @@ INSTANTIATE_TEST_SUITE_P(
                  0, "w12 d3 c60 f1 l7 x0 o0 vfffffe0000000000 e=de_DE\n", ""},
         ToolCase{"UnitsInHexadecimal", {kStub, "--utf16", "--capacity=20", "NLECHO", "1"}, 0,
                  "77 32 30 20 64 32 20 63 32 30 20 66 30 20 6c 30 20 78 32 35\n", ""},
-        ToolCase{"OptionsAfterTheFormat", {"NLECHO", "inf", kStub, "--locale-number=-3"}, 0,
-                 "w20 d2 c402 f0 l-3 x0 o0 v7ff0000000000000 e=-\n", ""},
+        ToolCase{"OptionsAfterTheFormat", {"NLECHO", "inf", kStub, "--locale-number=3"}, 0,
+                 "w20 d2 c402 f0 l3 x0 o0 v7ff0000000000000 e=-\n", ""},
         ToolCase{"DoubleDashEndsOptions", {kStub, "--", "NLECHO", "-inf"}, 0,
                  "w20 d2 c402 f0 l0 x0 o0 vfff0000000000000 e=-\n", ""},
         ToolCase{"LocaleFromTheEnvironmentIsReplaced", {kStub, "--locale", "ja_JP", "NLECHO", "0"}, 0,
@@ -322,16 +350,35 @@ INSTANTIATE_TEST_SUITE_P(
         ToolCase{"ClassicBestWidthAndDecimals99", {kStub, "--classic", "best.2", "1"}, 0,
                  "w12 d99 c402 f0 l0 x0 o0 v3ff0000000000000 e=-\n", ""},
         ToolCase{"ClassicResultReported", {kStub, "--classic", "PVALUE", "1"}, 3, "",
-                 "corvinel-fmt: result -2147362777 (0x8001d827)\n"},
+                 "corvinel-fmt: number does not fit (result -2147362777, 0x8001d827)\n"},
         ToolCase{"ClassicRoutineAbsent", {kStub, "--classic", "COMMA10.2", "1"}, 2, "",
                  "the module has no classic routine zfmcma"},
-        ToolCase{"Item", {kStub, "--item", "5", "--locale-number", "3"}, 0, "item 5 of locale 3\n", ""},
+        ToolCase{"Item", {kStub, "--item", "7", "--locale-number", "3"}, 0, "item 7 of locale 3\n", ""},
+        // Each locale by its number, its code read from the module.
+        ToolCase{"AllLocalesByNumber", {kStub, "--all-locales", "--capacity=8", "NLECHO", "1"}, 0, [] {
+                   std::string out = "de_DE  w20 d2 c\nja_JP  w20 d2 c\nfr_FR  w20 d2 c\n";
+                   for (int n = 4; n <= 136; ++n) out += "zz_ZZ  w20 d2 c\n";
+                   return out;
+                 }(), ""},
         ToolCase{"ItemAbsent", {kStub, "--item", "9"}, 3, "", "locale item 9: result -1"},
         ToolCase{"ItemExpanded", {kStub, "--bars", "--item=12", "--expand"}, 0,
                  "|item 12 of locale 0 [reserved 0 width 402 capacity 402]|\n", ""},
         ToolCase{"ItemExpandedToUnits", {kStub, "--utf16", "--item", "12", "--expand"}, 0, "41 00\n", ""},
         ToolCase{"ItemExpansionFails", {kStub, "--item", "13", "--expand"}, 3, "", "expansion result 4"}),
     name_of);
+
+// --items covers every code once, in order, from 0 to 188.
+TEST(ItemCodes, CoverEveryCodeOnceInOrder) {
+  int32_t next = 0;
+  for (int32_t i = 0; i < corvinel::cli::kItemCodeRows; ++i) {
+    const auto &row = corvinel::cli::kItemCodes[i];
+    EXPECT_EQ(row.first, next) << row.meaning;
+    EXPECT_LE(row.first, row.last) << row.meaning;
+    EXPECT_FALSE(row.meaning.empty());
+    next = row.last + 1;
+  }
+  EXPECT_EQ(next, 189);
+}
 
 TEST(ToolList, PrintsTheWholeRegistry) {
   const ToolRun list = run_tool({"--list"});

@@ -52,9 +52,16 @@ CORVINEL_API const struct fmtinfo *corvinel_entry(void) { return &kRegistry; }
 CORVINEL_API int32_t zfmt(fmtreq *r) { return echo(r); }
 CORVINEL_API int32_t zfmpval(fmtreq *) { return static_cast<int32_t>(0x8001D827u); }
 
-// Item 9 is absent; any other reads "item N of locale L".
+// Item 9 is absent; the language and country codes (items 4 and 5) name
+// de_DE, ja_JP and fr_FR for locales 1 to 3 and zz_ZZ for the others; any
+// other reads "item N of locale L".
 CORVINEL_API int32_t getORBLocDB(char *out, int32_t outcap, int32_t item, int32_t locale) {
   if (item == 9) return -1;
+  if (item == 4 || item == 5) {
+    static const char *const kCodes[][2] = {{"de", "DE"}, {"ja", "JP"}, {"fr", "FR"}, {"zz", "ZZ"}};
+    const int row = locale >= 1 && locale <= 3 ? locale - 1 : 3;
+    return std::snprintf(out, static_cast<std::size_t>(outcap), "%s", kCodes[row][item - 4]);
+  }
   return std::snprintf(out, static_cast<std::size_t>(outcap), "item %d of locale %d", item, locale);
 }
 
