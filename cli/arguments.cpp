@@ -95,6 +95,7 @@ const Flag kFlags[] = {
     {"--bars", &Options::bars},   {"--classic", &Options::classic},
     {"--expand", &Options::expand}, {"--list", &Options::list},
     {"--help", &Options::help},   {"-h", &Options::help},
+    {"--version", &Options::version},
 };
 
 // Applies the option at arguments[i]; returns the index of its last word.
@@ -129,7 +130,7 @@ bool looks_like_option(std::string_view word) {
 }
 
 void check_mode(const Options &options) {
-  if (options.help) return;
+  if (options.help || options.version) return;
   const bool listing = options.list || options.item.has_value() || options.items;
   if (options.list + options.item.has_value() + options.items > 1) {
     throw UsageError("--list, --item and --items exclude each other");

@@ -35,6 +35,7 @@ struct Options {
   bool expand = false;
   bool list = false;
   bool help = false;
+  bool version = false;
   std::string format;
   std::vector<std::string> values;
 };

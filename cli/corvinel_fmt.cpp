@@ -70,6 +70,7 @@ constexpr const char *kHelp =
     "  --expand             with --item: pass the item through output expansion\n"
     "  --items              list the locale item codes and what each holds\n"
     "  --help               this text\n"
+    "  --version            print the version\n"
     "\n"
     "exit status: 0 success, 2 bad arguments, 3 a format or lookup failed\n";
 
@@ -163,6 +164,10 @@ int run(const std::vector<std::string> &arguments) {
   const Options options = parse_arguments(arguments);
   if (options.help) {
     std::fputs(kHelp, stdout);
+    return 0;
+  }
+  if (options.version) {
+    std::printf("corvinel-fmt %s\n", CORVINEL_VERSION);
     return 0;
   }
   if (options.items) {

@@ -12,14 +12,20 @@ namespace {
 
 constexpr const char *kModuleFile = "libcorvinel.so";
 
-// libcorvinel.so in the directory of the running executable.
-std::string module_beside_executable() {
+// libcorvinel.so in the directory of the running executable (the build
+// tree), else in the library directory of the installation the executable
+// belongs to, else wherever dlopen finds it.
+std::string default_module() {
   std::array<char, 4096> path{};
   const ssize_t length = readlink("/proc/self/exe", path.data(), path.size() - 1);
   if (length <= 0) return kModuleFile;
   std::string directory(path.data(), static_cast<std::size_t>(length));
   directory.erase(directory.find_last_of('/') + 1);
-  return directory + kModuleFile;
+  for (const std::string &candidate :
+       {directory + kModuleFile, directory + CORVINEL_MODULE_FROM_BIN + "/" + kModuleFile}) {
+    if (access(candidate.c_str(), R_OK) == 0) return candidate;
+  }
+  return kModuleFile;
 }
 
 using EntryFunction = const struct fmtinfo *(*)();
@@ -27,7 +33,7 @@ using EntryFunction = const struct fmtinfo *(*)();
 }  // namespace
 
 Module::Module(const std::string &path) {
-  const std::string file = path.empty() ? module_beside_executable() : path;
+  const std::string file = path.empty() ? default_module() : path;
   handle_ = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
   if (handle_ == nullptr) {
     const char *reason = dlerror();

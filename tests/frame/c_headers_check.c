@@ -16,6 +16,7 @@
 #include "corvinel/text.h"
 #include "corvinel/transcode.h"
 #include "corvinel/unicode.h"
+#include "corvinel/version.h"
 #include "corvinel/weeks.h"
 
 const struct fmtinfo *(*const corvinel_c_entry)(void) = corvinel;
