@@ -29,6 +29,12 @@ const std::array<KeyedRecord, CORVINEL_LOCALE_RECORDS> &records_by_key() {
   return sorted;
 }
 
+struct LastLookup {
+  bool filled = false;
+  uint32_t key = 0;
+  const locitem *record = nullptr;
+};
+
 }  // namespace
 
 const locitem *select_record(int32_t locale) noexcept {
@@ -43,10 +49,17 @@ const locitem *select_record(int32_t locale) noexcept {
   char chosen[5] = {};
   for (std::size_t i = 0; i < sizeof chosen && value[i] != '\0'; ++i) chosen[i] = value[i];
   const uint32_t key = record_key(chosen[0], chosen[1], chosen[3], chosen[4]);
+  // The record of the last key this thread looked up: ORB_LOCALE seldom
+  // changes between calls, and the key is all the search depends on.
+  thread_local LastLookup last;
+  if (last.filled && last.key == key) return last.record;
   const auto &by_key = records_by_key();
   const auto found = std::lower_bound(by_key.begin(), by_key.end(), key,
                                       [](const KeyedRecord &r, uint32_t k) { return r.key < k; });
-  return (found != by_key.end() && found->key == key) ? ORBlocaleData[found->record] : nullptr;
+  const locitem *record =
+      (found != by_key.end() && found->key == key) ? ORBlocaleData[found->record] : nullptr;
+  last = {true, key, record};
+  return record;
 }
 
 int32_t copy_item(const locitem *record, int32_t item, char *out, int32_t outcap) noexcept {

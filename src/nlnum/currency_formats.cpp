@@ -27,12 +27,15 @@
 
 #include "corvinel/currency.h"
 #include "frame/format_frame.h"
+#include "locale/locale_records.h"
 #include "locale/output_expansion.h"
+#include "nlnum/currency_amounts.h"
 #include "nlnum/currency_layouts.h"
 #include "nlnum/digit_texts.h"
 #include "nlnum/field_placement.h"
 #include "nlnum/monetary_convention.h"
 #include "nlnum/number_assembly.h"
+#include "nlnum/one_pass_layout.h"
 
 namespace corvinel::nlnum {
 namespace {
@@ -69,9 +72,11 @@ std::string_view shown_local_symbol(const fmtreq &request, const monetary_conven
 class AmountFitting {
  public:
   AmountFitting(fmtreq &request, const MonetaryConvention &convention, std::string_view symbol,
-                double value)
+                const OnePassLayout *one_pass, const OnePassLayout *one_pass_without_symbol,
+                SessionCodeset codeset, double value)
       : request_(request), value_(value), symbol_(symbol),
-        marks_{convention.decimal, convention.separator, convention.grouping} {
+        marks_{convention.decimal, convention.separator, convention.grouping},
+        one_pass_(one_pass), one_pass_without_symbol_(one_pass_without_symbol), codeset_(codeset) {
     const bool negative = value < 0;
     negative_ = negative;
     layout_ = negative ? layout_for(convention.n_cs_precedes, convention.n_sep_by_space,
@@ -91,13 +96,20 @@ class AmountFitting {
     // without a decimal mark (a locale ORB_LOCALE does not name), where the
     // fraction digits then follow the integer digits directly.
     const int decimals = std::clamp(request_.decimals, 0, kMaxPrecision);
-    char fixed[kDigitTextCapacity];
-    const int fixed_length = texts_.fixed(value_, decimals, fixed);
+    // The fixed text is written only when an attempt needs it as text.
+    ScaledDecimal scaled;
+    if ((one_pass_ != nullptr || one_pass_without_symbol_ != nullptr) &&
+        texts_.splits_at_decimal_point() && texts_.scaled(value_, decimals, scaled)) {
+      scaled_ = &scaled;
+    }
+    const int fixed_length =
+        scaled_ != nullptr ? scaled.text_length() : texts_.fixed(value_, decimals, fixed_);
+    fixed_written_ = scaled_ == nullptr;
     if (fixed_length <= 0) return frame::fill_stars(request_);
     if (fixed_length <= fitting) {
-      if (attempt(fixed, decimals, true, true)) return done_;
+      if (attempt(kFixedText, decimals, true, true)) return done_;
       // Without a separator the ungrouped text is the same one.
-      if (number_.grouped && attempt(fixed, decimals, false, true)) return done_;
+      if (number_.grouped && attempt(kFixedText, decimals, false, true)) return done_;
     }
     char exponent[kDigitTextCapacity];
     if (fixed_length > fitting) {
@@ -105,7 +117,7 @@ class AmountFitting {
           attempt(exponent, decimals, false, true)) {
         return done_;
       }
-    } else if (attempt(fixed, decimals, false, false)) {
+    } else if (attempt(kFixedText, decimals, false, false)) {
       return done_;
     }
 
@@ -125,7 +137,27 @@ class AmountFitting {
  private:
   // Lays the digit text out and places it; true when that settled the
   // result (placed, or the "*" field), false when the text was too wide.
+  // `digits` is kFixedText for the fixed text with `decimals` places.
   bool attempt(const char *digits, int decimals, bool grouping, bool with_symbol) {
+    const OnePassLayout *one_pass = with_symbol ? one_pass_ : one_pass_without_symbol_;
+    if (digits == kFixedText && scaled_ != nullptr && one_pass != nullptr) {
+      const OnePassAttempt tried = place_one_pass(*one_pass, *scaled_, grouping, value_, request_,
+                                                  request_.output, request_.width);
+      if (tried.outcome == OnePass::kPlaced) {
+        done_ = CORVINEL_OK;
+        return true;
+      }
+      if (tried.outcome == OnePass::kTooWide) {
+        number_.grouped = tried.grouped;
+        excess_ = std::max(1, tried.symbolic_length - request_.width);
+        return false;
+      }
+    }
+    if (digits == kFixedText) {
+      if (!fixed_written_) texts_.fixed(value_, decimals, fixed_);
+      fixed_written_ = true;
+      digits = fixed_;
+    }
     assemble_number(digits, decimals, marks_, grouping, texts_.mon_decimal_point(), number_);
     int length = number_.length;
     if (number_.length <= kMaxAssembledNumber) {
@@ -167,28 +199,99 @@ class AmountFitting {
   const double value_;
   const std::string_view symbol_;
   const NumberMarks marks_;
+  // The one pass of the attempts with and without the symbol; null: they
+  // compose and expand.
+  const OnePassLayout *one_pass_;
+  const OnePassLayout *one_pass_without_symbol_;
+  const SessionCodeset codeset_;
   const FastNumberTexts texts_;
-  const SessionCodeset codeset_ = read_session_codeset();
   const char *layout_;
   std::string_view sign_;
   bool negative_;
   bool bracket_blank_;
   AssembledNumber number_;
+  static constexpr const char *kFixedText = nullptr;
+  const ScaledDecimal *scaled_ = nullptr;  // the fixed text as a number, when the one pass can use it
+  char fixed_[kDigitTextCapacity];
+  bool fixed_written_ = false;
   int excess_ = 1;
   int32_t done_ = CORVINEL_OK;
 };
 
+// The convention of a record and the one pass of a symbol under it, in one
+// session codeset; each of the two formats keeps its last one per thread.
+// The symbol is compared by content: a host may pass its own currency
+// record and change it between calls.
+struct CompiledAmount {
+  static constexpr std::size_t kSymbolCapacity = 64;
+
+  bool filled = false;
+  const locitem *record = nullptr;
+  SessionCodeset codeset = SessionCodeset::kOther;
+  std::size_t symbol_length = 0;
+  char symbol[kSymbolCapacity] = {};
+  MonetaryConvention convention;
+  OnePassLayout one_pass;
+  OnePassLayout one_pass_without_symbol;
+
+  bool matches(const locitem *r, SessionCodeset c, std::string_view s) const {
+    return filled && record == r && codeset == c && s.size() == symbol_length &&
+           std::memcmp(s.data(), symbol, symbol_length) == 0;
+  }
+};
+
+const CompiledAmount &compiled_amount(CurrencySymbol kind, const locitem *record,
+                                      SessionCodeset codeset, std::string_view shown) {
+  thread_local CompiledAmount memo[2];
+  CompiledAmount &entry = memo[kind == CurrencySymbol::LocalSymbol ? 1 : 0];
+  if (!entry.matches(record, codeset, shown)) {
+    const MonetaryConvention c = read_monetary_convention(record);
+    entry.convention = c;
+    LayoutParts parts{shown, c.positive, c.negative, c.decimal, c.separator, c.grouping,
+                      layout_for(c.p_cs_precedes, c.p_sep_by_space, c.p_sign_posn),
+                      layout_for(c.n_cs_precedes, c.n_sep_by_space, c.n_sign_posn),
+                      c.n_sign_posn == 0};
+    entry.one_pass = OnePassLayout{};
+    entry.filled = false;  // a symbol too long to keep is compiled again next time
+    if (shown.size() <= CompiledAmount::kSymbolCapacity) {
+      entry.one_pass = compile_one_pass(parts, codeset);
+      entry.symbol_length = shown.size();
+      std::memcpy(entry.symbol, shown.data(), shown.size());
+      entry.filled = true;
+    }
+    parts.symbol = {};
+    entry.one_pass_without_symbol = compile_one_pass(parts, codeset);
+    entry.record = record;
+    entry.codeset = codeset;
+  }
+  return entry;
+}
+
+// How the attempts that lay out the fixed text run: in one pass where it
+// can, or always composed and expanded (the reference the tests hold the
+// one pass to).
+enum class Attempts { kOnePass, kGeneral };
+
 int32_t render_amount(fmtreq &request, const monetary_conventions &currency,
-                      CurrencySymbol symbol, double value) {
-  const MonetaryConvention convention = read_monetary_convention(request.locale);
+                      CurrencySymbol symbol, double value, Attempts attempts) {
+  const locitem *record = locale::select_record(request.locale);
+  const SessionCodeset codeset = read_session_codeset();
   const std::string_view shown = symbol == CurrencySymbol::InternationalCode
                                      ? text_or_empty(currency.int_curr_symbol)
                                      : shown_local_symbol(request, currency);
-  return AmountFitting(request, convention, shown, value).render();
+  const CompiledAmount &compiled = compiled_amount(symbol, record, codeset, shown);
+  const auto usable = [&](const OnePassLayout &layout) {
+    return layout.usable && attempts == Attempts::kOnePass && delivers_session_bytes(request)
+               ? &layout
+               : nullptr;
+  };
+  return AmountFitting(request, compiled.convention, shown, usable(compiled.one_pass),
+                       usable(compiled.one_pass_without_symbol), codeset, value)
+      .render();
 }
 
 int32_t currency_frame(fmtreq *request, const monetary_conventions *currency,
-                       CurrencySymbol symbol) {
+                       CurrencySymbol symbol, Attempts attempts = Attempts::kOnePass) {
   fmtreq &r = *request;
   if (const int32_t code = frame::check_limits(r, kCurrencyLimits)) return code;
   const double value = frame::read_value(r);
@@ -197,10 +300,19 @@ int32_t currency_frame(fmtreq *request, const monetary_conventions *currency,
   // Without a currency record there is no symbol to show.
   if (currency == nullptr || !frame::field_fits_buffer(r)) return frame::fill_stars(r);
   frame::blank_field(r);
-  return render_amount(r, *currency, symbol, value);
+  return render_amount(r, *currency, symbol, value, attempts);
 }
 
 }  // namespace
+
+int32_t nlmnyint_general(fmtreq *request, const monetary_conventions *currency) {
+  return currency_frame(request, currency, CurrencySymbol::InternationalCode, Attempts::kGeneral);
+}
+
+int32_t nlmnyloc_general(fmtreq *request, const monetary_conventions *currency) {
+  return currency_frame(request, currency, CurrencySymbol::LocalSymbol, Attempts::kGeneral);
+}
+
 }  // namespace corvinel::nlnum
 
 extern "C" {

@@ -2,6 +2,7 @@
 
 #include <langinfo.h>
 
+#include <bit>
 #include <charconv>
 #include <cstdint>
 #include <iterator>
@@ -57,16 +58,22 @@ constexpr uint64_t kPowersOfTen[] = {1ull,
                                      100000000000000000ull,
                                      1000000000000000000ull,
                                      10000000000000000000ull};
+constexpr char kDigitPairs[] =
+    "00010203040506070809101112131415161718192021222324252627282930313233343536373839"
+    "40414243444546474849505152535455565758596061626364656667686970717273747576777879"
+    "8081828384858687888990919293949596979899";
+
 constexpr int kExactPrecisions = static_cast<int>(std::size(kPowersOfTen));
 
-// The "%.*f" digits of a finite value below 2^63 with at most 19 decimals,
-// by integer arithmetic on its exact binary value: value * 10^precision
-// rounded to the nearest integer, a tie to the even one, as printf rounds
-// in the default rounding mode.  The product of a 53-bit significand and
-// 10^19 needs at most 117 bits.  Returns the text's length, or -1 for
-// values it does not take.
-int exact_fixed(double value, int precision, char decimal_point, char *out) {
-  if (precision >= kExactPrecisions) return -1;
+using u128 = unsigned __int128;
+
+// value * 10^precision for a finite value below 2^63 with at most 19
+// decimals, by integer arithmetic on its exact binary value: rounded to the
+// nearest integer, a tie to the even one, as printf rounds in the default
+// rounding mode.  The product of a 53-bit significand and 10^19 needs at
+// most 117 bits.  False for values it does not take.
+bool exact_scaled(double value, int precision, u128 &scaled) {
+  if (precision >= kExactPrecisions) return false;
   uint64_t bits;
   std::memcpy(&bits, &value, sizeof bits);
   const int biased = static_cast<int>((bits >> 52) & 0x7FF);
@@ -76,10 +83,8 @@ int exact_fixed(double value, int precision, char decimal_point, char *out) {
     significand |= uint64_t{1} << 52;
     exponent = biased - 1075;
   }
-  if (exponent > 10) return -1;
-  using u128 = unsigned __int128;
+  if (exponent > 10) return false;
   const uint64_t scale = kPowersOfTen[precision];
-  u128 scaled;
   if (exponent >= 0) {
     scaled = static_cast<u128>(significand << exponent) * scale;
   } else if (-exponent >= 118) {
@@ -92,23 +97,50 @@ int exact_fixed(double value, int precision, char decimal_point, char *out) {
     const u128 half = u128{1} << (shift - 1);
     if (rest > half || (rest == half && (scaled & 1) != 0)) ++scaled;
   }
+  return true;
+}
 
-  // Digits from the right, at least one before the point.
+// The "%.*f" text of exact_scaled's values.  Returns the text's length, or
+// -1 for values it does not take.
+int exact_fixed(double value, int precision, char decimal_point, char *out) {
+  u128 scaled;
+  if (!exact_scaled(value, precision, scaled)) return -1;
+  uint64_t bits;
+  std::memcpy(&bits, &value, sizeof bits);
+
+  // Digits from the right, two at a time, at least one before the point.
   char digits[48];
-  int count = 0;
+  char *const end = digits + sizeof digits;
+  char *first = end;
   while (scaled > UINT64_MAX) {
     uint64_t chunk = static_cast<uint64_t>(scaled % kPowersOfTen[19]);
     scaled /= kPowersOfTen[19];
-    for (int i = 0; i < 19; ++i, chunk /= 10) digits[count++] = static_cast<char>('0' + chunk % 10);
+    for (int i = 0; i < 19; ++i, chunk /= 10) *--first = static_cast<char>('0' + chunk % 10);
   }
-  for (uint64_t rest = static_cast<uint64_t>(scaled); rest != 0 || count <= precision; rest /= 10) {
-    digits[count++] = static_cast<char>('0' + rest % 10);
+  uint64_t rest = static_cast<uint64_t>(scaled);
+  while (rest >= 100) {
+    first -= 2;
+    std::memcpy(first, kDigitPairs + 2 * (rest % 100), 2);
+    rest /= 100;
   }
+  if (rest >= 10) {
+    first -= 2;
+    std::memcpy(first, kDigitPairs + 2 * rest, 2);
+  } else {
+    *--first = static_cast<char>('0' + rest);
+  }
+  while (end - first <= precision) *--first = '0';
+
+  const auto count = static_cast<std::size_t>(end - first);
+  const auto fraction = static_cast<std::size_t>(precision);
   char *next = out;
   if ((bits >> 63) != 0) *next++ = '-';
-  for (int i = count - 1; i >= 0; --i) {
-    if (i == precision - 1) *next++ = decimal_point;
-    *next++ = digits[i];
+  std::memcpy(next, first, count - fraction);
+  next += count - fraction;
+  if (fraction > 0) {
+    *next++ = decimal_point;
+    std::memcpy(next, end - fraction, fraction);
+    next += fraction;
   }
   *next = '\0';
   return static_cast<int>(next - out);
@@ -156,6 +188,31 @@ int FastNumberTexts::fixed(double value, int precision, char *out) const {
     }
   }
   return keep(text, static_cast<int>(end - text), 0, out);
+}
+
+bool FastNumberTexts::scaled(double value, int precision, ScaledDecimal &number) const {
+  if (!generates(value) || precision >= kDigitTextCapacity - 2 || std::fabs(value) >= 1e70) {
+    return false;
+  }
+  u128 scaled;
+  if (!exact_scaled(value, precision, scaled) || scaled > UINT64_MAX) return false;
+  number.digits = static_cast<uint64_t>(scaled);
+  number.precision = precision;
+  number.minus = std::signbit(value);
+  // Digits of the scaled value: from its bit length (log10(2) ~ 1233 / 4096),
+  // one more when it reaches the next power of ten.
+  const int bits = 64 - std::countl_zero(number.digits | 1);
+  int count = (bits * 1233) >> 12;
+  if ((number.digits | 1) >= kPowersOfTen[count]) ++count;  // 0 has one digit too
+  number.digit_count = count > precision ? count : precision + 1;
+  number.zero_integer = count <= precision;
+  return true;
+}
+
+bool FastNumberTexts::splits_at_decimal_point() const {
+  if (!one_byte_decimal_point_ || (decimal_point_ >= '0' && decimal_point_ <= '9')) return false;
+  if (mon_decimal_point_[0] == '\0') return decimal_point_ == '.';
+  return mon_decimal_point_[0] == decimal_point_ && mon_decimal_point_[1] == '\0';
 }
 
 int FastNumberTexts::general(double value, int field, int precision, char *out) const {

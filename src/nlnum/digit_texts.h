@@ -17,6 +17,8 @@
 // a change of the process locale takes effect at the next call.
 #pragma once
 
+#include <cstdint>
+
 namespace corvinel::nlnum {
 
 // Bytes a digit text keeps, with its terminating NUL.  Longer texts are cut
@@ -50,10 +52,36 @@ class PrintfNumberTexts {
   const char *mon_decimal_point_;
 };
 
+// A "%.*f" text as a number: `digits` is the value times 10^precision,
+// written with at least precision + 1 digits, "-" first when `minus`.
+struct ScaledDecimal {
+  uint64_t digits = 0;
+  int precision = 0;
+  int digit_count = 1;
+  bool minus = false;
+  bool zero_integer = false;  // the digits before the point are "0"
+
+  // The length of the text fixed() writes for it.
+  int text_length() const { return (minus ? 1 : 0) + digit_count + (precision > 0 ? 1 : 0); }
+  // The text begins "0" and a "." (the decimal point of the process locale
+  // being `decimal_point`).
+  bool starts_zero_point(char decimal_point) const {
+    return !minus && precision > 0 && zero_integer && decimal_point == '.';
+  }
+};
+
 class FastNumberTexts {
  public:
   FastNumberTexts();
   int fixed(double value, int precision, char *out) const;
+  // The text fixed() would write, as a number, when fixed() generates it by
+  // integer arithmetic and the scaled value fits 64 bits; false otherwise.
+  bool scaled(double value, int precision, ScaledDecimal &number) const;
+  // Whether assemble_number splits every fixed text with decimals exactly at
+  // its decimal point: the monetary decimal point (or "." when that is
+  // empty) is the one-byte decimal point, which is not a digit.
+  bool splits_at_decimal_point() const;
+  char decimal_point() const { return decimal_point_; }
   int general(double value, int field, int precision, char *out) const;
   const char *mon_decimal_point() const { return mon_decimal_point_; }
 

@@ -29,7 +29,10 @@ int32_t grouping_of(const locitem *record, int item) {
 }  // namespace
 
 MonetaryConvention read_monetary_convention(int32_t locale) {
-  const locitem *record = locale::select_record(locale);
+  return read_monetary_convention(locale::select_record(locale));
+}
+
+MonetaryConvention read_monetary_convention(const locitem *record) {
   MonetaryConvention convention;
   convention.decimal = text_of(record, 157);
   convention.separator = text_of(record, 158);

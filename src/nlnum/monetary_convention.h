@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "corvinel/locale_db.h"
+
 namespace corvinel::nlnum {
 
 // Items that are missing (a locale that ORB_LOCALE does not name) read as
@@ -29,5 +31,8 @@ struct MonetaryConvention {
 // Items 155, 156, 162 and 163 belong to the convention too but change no
 // output, so they are not read.
 MonetaryConvention read_monetary_convention(int32_t locale);
+// The same for a record already chosen (null: a locale ORB_LOCALE does not
+// name).
+MonetaryConvention read_monetary_convention(const locitem *record);
 
 }  // namespace corvinel::nlnum

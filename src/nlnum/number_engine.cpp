@@ -11,6 +11,7 @@
 #include "nlnum/digit_texts.h"
 #include "nlnum/field_placement.h"
 #include "nlnum/number_assembly.h"
+#include "nlnum/one_pass_layout.h"
 
 namespace corvinel::nlnum {
 namespace {
@@ -60,18 +61,25 @@ int32_t render_missing(fmtreq &request) {
 
 // The two ways of running the engine: the reference asks wzssglc for the
 // convention, snprintf for the digits and getExpResultFromNarrowCharBuf for
-// every expansion, as the engine was first written; the fast one reads the
-// convention in place from the locale record (the values wzssglc copies),
-// generates the digits itself and expands simple texts itself.
+// every expansion, as the engine was first written; the fast one takes the
+// convention compiled for the record and session codeset (read in place
+// from the record, the values wzssglc copies), generates the digits itself,
+// tries the first attempt in one pass and expands simple texts itself.
 struct ReferenceSources {
   using Texts = PrintfNumberTexts;
+  static constexpr bool kOnePass = false;
   static SessionCodeset session_codeset() { return SessionCodeset::kOther; }
-  static bool fetch(int32_t locale, int32_t item, patsyms &storage,
-                    locale::PatternConvention &convention) {
+  // The convention, or null when it cannot be fetched; `storage` and
+  // `convention` hold it for the call.
+  static const locale::PatternConvention *fetch(int32_t locale, int32_t item,
+                                                SessionCodeset /*codeset*/, patsyms &storage,
+                                                locale::PatternConvention &convention,
+                                                const OnePassLayout *&one_pass) {
+    one_pass = nullptr;
     locbuf buffer{};
     buffer.symbols = &storage;
     locbuf *handle = &buffer;
-    if (wzssglc(locale, item, &handle) != 0) return false;
+    if (wzssglc(locale, item, &handle) != 0) return nullptr;
     convention.symbol = storage.symbol;
     convention.decimal = storage.decimal;
     convention.separator = storage.separator;
@@ -84,26 +92,73 @@ struct ReferenceSources {
     convention.n_cs_precedes = storage.n_cs_precedes;
     convention.n_sep_by_space = storage.n_sep_by_space;
     convention.n_sign_posn = storage.n_sign_posn;
-    return true;
+    return &convention;
   }
 };
 
+// A pattern item's convention and its one pass, for one record and session
+// codeset: both follow from those two alone.
+struct CompiledConvention {
+  bool filled = false;
+  const locitem *record = nullptr;
+  SessionCodeset codeset = SessionCodeset::kOther;
+  locale::PatternConvention convention;
+  OnePassLayout one_pass;
+};
+
+const char *layout_of(const locale::PatternConvention &c, bool negative) {
+  return negative ? layout_for(c.n_cs_precedes, c.n_sep_by_space, c.n_sign_posn)
+                  : layout_for(c.p_cs_precedes, c.p_sep_by_space, c.p_sign_posn);
+}
+
+// The six pattern items each keep the last convention this thread used: a
+// format called over and over in one locale and session compiles it once.
+// The record and the codeset are still chosen on every call; a different
+// one recompiles.
+const CompiledConvention &compiled_convention(const locitem *record, int32_t item,
+                                              SessionCodeset codeset) {
+  thread_local CompiledConvention memo[6];
+  CompiledConvention &entry = memo[item <= 171 ? item - 170 : item - 183 + 2];
+  if (!entry.filled || entry.record != record || entry.codeset != codeset) {
+    const locale::PatternConvention c = locale::read_pattern_convention(record, item);
+    entry.convention = c;
+    entry.one_pass = compile_one_pass({c.symbol, c.positive, c.negative, c.decimal, c.separator,
+                                       c.grouping, layout_of(c, false), layout_of(c, true),
+                                       c.n_sign_posn == 0},
+                                      codeset);
+    entry.record = record;
+    entry.codeset = codeset;
+    entry.filled = true;
+  }
+  return entry;
+}
+
 struct FastSources {
   using Texts = FastNumberTexts;
+  static constexpr bool kOnePass = true;
   static SessionCodeset session_codeset() { return read_session_codeset(); }
-  static bool fetch(int32_t locale, int32_t item, patsyms & /*storage*/,
-                    locale::PatternConvention &convention) {
-    convention = locale::read_pattern_convention(locale::select_record(locale), item);
-    return convention.complete;
+  static const locale::PatternConvention *fetch(int32_t locale, int32_t item,
+                                                SessionCodeset codeset, patsyms & /*storage*/,
+                                                locale::PatternConvention & /*convention*/,
+                                                const OnePassLayout *&one_pass) {
+    const CompiledConvention &compiled =
+        compiled_convention(locale::select_record(locale), item, codeset);
+    one_pass = compiled.one_pass.usable ? &compiled.one_pass : nullptr;
+    return compiled.convention.complete ? &compiled.convention : nullptr;
   }
 };
 
 template <typename Sources>
 int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtreq &request) {
   if (mode != 0 || !locale::is_pattern_item(item)) return kNoConvention;
+  const SessionCodeset codeset = Sources::session_codeset();
   patsyms storage;
-  locale::PatternConvention convention;
-  if (!Sources::fetch(request.locale, item, storage, convention)) return kNoConvention;
+  locale::PatternConvention fetched;
+  const OnePassLayout *one_pass;
+  const locale::PatternConvention *const found =
+      Sources::fetch(request.locale, item, codeset, storage, fetched, one_pass);
+  if (found == nullptr) return kNoConvention;
+  const locale::PatternConvention &convention = *found;
 
   const int32_t w = width;
   if (w <= 0) return CORVINEL_OK;
@@ -116,17 +171,15 @@ int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtr
   request.outlen = w;
   const double value = request.value != nullptr ? *request.value : std_miss_val;
   if (zmiss(value)) return render_missing(request);
-  std::memset(output, ' ', static_cast<std::size_t>(w));
 
   const typename Sources::Texts texts;
-  const SessionCodeset codeset = Sources::session_codeset();
   const NumberMarks marks{convention.decimal, convention.separator, convention.grouping};
   FittingState state{std::clamp(request.decimals, 0, kMaxPrecision)};
   if (marks.decimal.empty()) state.decimals = 0;
+  if (!delivers_session_bytes(request)) one_pass = nullptr;
+  // Every way out of the attempts below writes the whole field.
   const bool negative = value < 0;
-  const char *layout =
-      negative ? layout_for(convention.n_cs_precedes, convention.n_sep_by_space, convention.n_sign_posn)
-               : layout_for(convention.p_cs_precedes, convention.p_sep_by_space, convention.p_sign_posn);
+  const auto layout = [&] { return layout_of(convention, negative); };
   const std::string_view sign = negative ? convention.negative : convention.positive;
   const bool bracket_blank = value > 0 && convention.n_sign_posn == 0;
 
@@ -134,6 +187,22 @@ int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtr
   AssembledNumber number;
   char composed[kComposedCapacity];
   for (;;) {
+    if constexpr (Sources::kOnePass) {
+      // The fixed text as a number, laid out without being written first.
+      ScaledDecimal scaled;
+      if (one_pass != nullptr && state.shrink == 0 && texts.splits_at_decimal_point() &&
+          texts.scaled(value, state.decimals, scaled) && scaled.text_length() <= w) {
+        if (scaled.starts_zero_point(texts.decimal_point())) state.leading_zero = true;
+        const OnePassAttempt attempt =
+            place_one_pass(*one_pass, scaled, state.grouping_allowed, value, request, output, w);
+        if (attempt.outcome == OnePass::kPlaced) return CORVINEL_OK;
+        if (attempt.outcome == OnePass::kTooWide) {
+          state.grouped = state.grouped || attempt.grouped;
+          if (!state.adjust(attempt.symbolic_length, w)) return fill_overflow(request, output, w);
+          continue;
+        }
+      }
+    }
     int n = texts.fixed(value, state.decimals, digits);
     if (n > w || state.shrink > 0) n = texts.general(value, w - state.shrink, state.decimals, digits);
     if (n <= 0) return fill_overflow(request, output, w);
@@ -152,7 +221,7 @@ int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtr
       state.two_byte_decimal = state.two_byte_decimal || number.two_byte_decimal;
       result_length = number.length;
       if (number.length <= kMaxAssembledNumber) {
-        result_length = compose_layout(layout, convention.symbol, sign, negative, number.view(),
+        result_length = compose_layout(layout(), convention.symbol, sign, negative, number.view(),
                                        bracket_blank, composed);
         switch (place_right_aligned(request, codeset, output, w, composed, result_length,
                                     request.capacity)) {

@@ -15,14 +15,6 @@ constexpr int32_t kEscapeLength = 7;  // "<U20AC>"
 constexpr uint16_t kSymbolicCurrencySign = 0x00A4;
 constexpr uint16_t kCurrencyMarker = 0x0001;
 
-bool starts_with_ignoring_case(const char *text, const char *lower_prefix) {
-  for (; *lower_prefix != '\0'; ++text, ++lower_prefix) {
-    const char c = (*text >= 'A' && *text <= 'Z') ? static_cast<char>(*text + ('a' - 'A')) : *text;
-    if (c != *lower_prefix) return false;
-  }
-  return true;
-}
-
 uint16_t hex_digit(char c) {
   if (c >= '0' && c <= '9') return static_cast<uint16_t>(c - '0');
   if (c >= 'A' && c <= 'F') return static_cast<uint16_t>(c - 'A' + 10);
@@ -44,6 +36,39 @@ char *write_utf8(uint16_t unit, char *out) {
     *out++ = static_cast<char>(0x80 | (unit & 0x3F));
   }
   return out;
+}
+
+// The unit of the character at `at` (`remaining` bytes left in the text)
+// and the bytes it takes: an escape "<Uxxxx>" lying wholly inside the text
+// is one unit (the symbolic currency sign the currency marker), any other
+// byte is the unit of its value.
+int32_t next_unit(const char *at, int32_t remaining, uint16_t &unit) {
+  const auto byte = static_cast<unsigned char>(*at);
+  if (byte != '<' || remaining < kEscapeLength || (at[1] & ~0x20) != 'U' || at[6] != '>') {
+    unit = byte;
+    return 1;
+  }
+  unit = static_cast<uint16_t>(hex_digit(at[2]) << 12 | hex_digit(at[3]) << 8 |
+                               hex_digit(at[4]) << 4 | hex_digit(at[5]));
+  if (unit == kSymbolicCurrencySign) unit = kCurrencyMarker;
+  return kEscapeLength;
+}
+
+// Whether the shortcut writes `unit` in `codeset`: no surrogate halves, and
+// only the characters ISO-8859-1 and ASCII have.
+bool session_has(SessionCodeset codeset, uint16_t unit) {
+  if (unit >= 0xD800 && unit <= 0xDFFF) return false;
+  if (codeset == SessionCodeset::kLatin1) return unit < 0x100;
+  if (codeset == SessionCodeset::kAscii) return unit < 0x80;
+  return true;
+}
+
+void write_unit(SessionCodeset codeset, uint16_t unit, char *&out) {
+  if (codeset == SessionCodeset::kUtf8) {
+    out = write_utf8(unit, out);
+  } else {
+    *out++ = static_cast<char>(unit);
+  }
 }
 
 // Without escapes and bytes above 0x7F every byte is one unit and one byte
@@ -84,12 +109,40 @@ int32_t expand_plain_ascii(int32_t outenc, int32_t *encout, char *buf, int32_t *
 SessionCodeset read_session_codeset() {
   const char *name = nl_langinfo(CODESET);
   if (name == nullptr) return SessionCodeset::kOther;
-  if (starts_with_ignoring_case(name, "utf8") || starts_with_ignoring_case(name, "utf-8")) {
-    return SessionCodeset::kUtf8;
+  // The first byte picks the one name that can match.
+  switch (name[0]) {
+    case 'u':
+    case 'U':
+      // "utf8" or "utf-8" at the start, in any case.
+      if ((name[1] | 0x20) == 't' && (name[2] | 0x20) == 'f' &&
+          (name[3] == '8' || (name[3] == '-' && name[4] == '8'))) {
+        return SessionCodeset::kUtf8;
+      }
+      return SessionCodeset::kOther;
+    case 'I':
+      return std::strcmp(name, "ISO-8859-1") == 0 ? SessionCodeset::kLatin1 : SessionCodeset::kOther;
+    case 'A':
+      return std::strcmp(name, "ANSI_X3.4-1968") == 0 ? SessionCodeset::kAscii
+                                                       : SessionCodeset::kOther;
+    default:
+      return SessionCodeset::kOther;
   }
-  if (std::strcmp(name, "ISO-8859-1") == 0) return SessionCodeset::kLatin1;
-  if (std::strcmp(name, "ANSI_X3.4-1968") == 0) return SessionCodeset::kAscii;
-  return SessionCodeset::kOther;
+}
+
+int32_t encode_in_session(SessionCodeset codeset, std::string_view text, char *out,
+                          int32_t capacity) {
+  if (codeset == SessionCodeset::kOther) return -1;
+  char *next = out;
+  const auto length = static_cast<int32_t>(text.size());
+  for (int32_t i = 0; i < length;) {
+    uint16_t unit;
+    i += next_unit(text.data() + i, length - i, unit);
+    if (!session_has(codeset, unit)) return -1;
+    const int32_t bytes = codeset == SessionCodeset::kUtf8 ? utf8_length(unit) : 1;
+    if (next - out + bytes > capacity) return -1;
+    write_unit(codeset, unit, next);
+  }
+  return static_cast<int32_t>(next - out);
 }
 
 int32_t expand_output(SessionCodeset codeset, int32_t outenc, int32_t *encout, char *buf,
@@ -110,31 +163,9 @@ int32_t expand_output(SessionCodeset codeset, int32_t outenc, int32_t *encout, c
   int32_t utf8_length_total = 0;
   const int32_t length = *len;
   for (int32_t i = 0; i < length;) {
-    const char *at = buf + i;
-    const auto byte = static_cast<unsigned char>(*at);
-    if (byte < 0x80 && byte != '<') {  // the common character: one unit, one byte everywhere
-      if (count == locale::kMaxUnits) return general();
-      units[count++] = byte;
-      ++utf8_length_total;
-      ++session_length;
-      ++i;
-      continue;
-    }
     uint16_t unit;
-    if (length - i >= kEscapeLength && at[0] == '<' && (at[1] & ~0x20) == 'U' && at[6] == '>') {
-      unit = static_cast<uint16_t>(hex_digit(at[2]) << 12 | hex_digit(at[3]) << 8 |
-                                   hex_digit(at[4]) << 4 | hex_digit(at[5]));
-      if (unit == kSymbolicCurrencySign) unit = kCurrencyMarker;
-      i += kEscapeLength;
-    } else {
-      unit = static_cast<unsigned char>(*at);
-      i += 1;
-    }
-    if (count == locale::kMaxUnits || (unit >= 0xD800 && unit <= 0xDFFF)) return general();
-    if ((codeset == SessionCodeset::kLatin1 && unit >= 0x100) ||
-        (codeset == SessionCodeset::kAscii && unit >= 0x80)) {
-      return general();
-    }
+    i += next_unit(buf + i, length - i, unit);
+    if (count == locale::kMaxUnits || !session_has(codeset, unit)) return general();
     units[count++] = unit;
     utf8_length_total += utf8_length(unit);
     session_length += codeset == SessionCodeset::kUtf8 ? utf8_length(unit) : 1;
@@ -162,13 +193,7 @@ int32_t expand_output(SessionCodeset codeset, int32_t outenc, int32_t *encout, c
   } else {
     if (capacity < session_length) return locale::kExpansionNoRoom;
     char *out = buf;
-    for (int32_t k = 0; k < kept; ++k) {
-      if (codeset == SessionCodeset::kUtf8) {
-        out = write_utf8(units[k], out);
-      } else {
-        *out++ = static_cast<char>(units[k]);
-      }
-    }
+    for (int32_t k = 0; k < kept; ++k) write_unit(codeset, units[k], out);
     *len = session_length;
   }
   return shortened ? locale::kExpansionShortened : session_length - width;

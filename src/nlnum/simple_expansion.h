@@ -7,6 +7,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 namespace corvinel::nlnum {
 
@@ -23,6 +24,14 @@ SessionCodeset read_session_codeset();
 // capacity), given the session codeset read for this call.  The shortcut
 // takes texts of at most 200 units without surrogate halves whose
 // characters the codeset has and whose UTF-8 form fits the 402-byte step.
+// The bytes the shortcut writes for `text` in `codeset`, without any width
+// cut: the same characters, escapes and units as expand_output.  Returns
+// their length, or -1 when the shortcut would not take the text (kOther, a
+// surrogate half, a character the codeset lacks) or it needs more than
+// `capacity` bytes.
+int32_t encode_in_session(SessionCodeset codeset, std::string_view text, char *out,
+                          int32_t capacity);
+
 int32_t expand_output(SessionCodeset codeset, int32_t outenc, int32_t *encout, char *buf,
                       int32_t *len, int32_t width, int32_t capacity);
 

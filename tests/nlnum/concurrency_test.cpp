@@ -1,7 +1,10 @@
 // Formats share no mutable state: the same requests rendered on several
 // threads at once give exactly what one thread alone gives.  Locales are
-// chosen by number, so no thread touches the environment.
+// chosen by number, or by ORB_LOCALE changed between batches (each thread
+// remembers its last locale and convention, and must notice the change).
+#include <atomic>
 #include <cstdint>
+#include <cstdlib>
 #include <string>
 #include <thread>
 #include <vector>
@@ -12,6 +15,7 @@
 #include "corvinel/formats.h"
 #include "corvinel/missing.h"
 #include "corvinel/locale_db.h"
+#include "locale/orb_locale_env.h"
 #include "support/request_builder.h"
 #include "support/session_locales.h"
 
@@ -54,19 +58,24 @@ std::string render(const Call &c) {
   return r.text();
 }
 
-TEST(Concurrency, ThreadsRenderWhatOneThreadRenders) {
-  corvinel::testing::ScopedSessionLocale session(corvinel::testing::kUtf8Locale);
-  ASSERT_TRUE(session.active());
-  const std::vector<Call> work = calls();
-  std::vector<std::string> expected;
-  for (const Call &c : work) expected.push_back(render(c));
-
+// Renders `work` on four threads at once, each from its own starting point,
+// while a fifth thread only reads the locale (the variable and an item);
+// returns the mismatches against `expected`.
+int render_on_threads(const std::vector<Call> &work, const std::vector<std::string> &expected) {
   constexpr int kThreads = 4;
   std::vector<int> mismatches(kThreads, 0);
+  std::atomic<bool> done = false;
+  std::thread reader([&] {
+    char item[CORVINEL_LOCALE_TEXT];
+    while (!done) {
+      const char *value = std::getenv("ORB_LOCALE");
+      (void)value;
+      getORBLocDB(item, sizeof item, 156, 0);
+    }
+  });
   std::vector<std::thread> threads;
   for (int t = 0; t < kThreads; ++t) {
     threads.emplace_back([&, t] {
-      // Each thread walks the calls from its own starting point.
       for (std::size_t i = 0; i < work.size(); ++i) {
         const std::size_t k = (i + t * work.size() / kThreads) % work.size();
         if (render(work[k]) != expected[k]) ++mismatches[t];
@@ -74,7 +83,39 @@ TEST(Concurrency, ThreadsRenderWhatOneThreadRenders) {
     });
   }
   for (std::thread &thread : threads) thread.join();
-  for (int t = 0; t < kThreads; ++t) EXPECT_EQ(mismatches[t], 0) << "thread " << t;
+  done = true;
+  reader.join();
+  int total = 0;
+  for (const int m : mismatches) total += m;
+  return total;
+}
+
+std::vector<std::string> rendered_on_this_thread(const std::vector<Call> &work) {
+  std::vector<std::string> texts;
+  for (const Call &c : work) texts.push_back(render(c));
+  return texts;
+}
+
+TEST(Concurrency, ThreadsRenderWhatOneThreadRenders) {
+  corvinel::testing::ScopedSessionLocale session(corvinel::testing::kUtf8Locale);
+  ASSERT_TRUE(session.active());
+  const std::vector<Call> work = calls();
+  EXPECT_EQ(render_on_threads(work, rendered_on_this_thread(work)), 0);
+}
+
+// Locale 0 on every call: ORB_LOCALE is unset, set and changed between
+// batches, and every batch renders what one thread renders under it.
+TEST(Concurrency, ThreadsFollowOrbLocaleBetweenBatches) {
+  corvinel::testing::ScopedSessionLocale session(corvinel::testing::kUtf8Locale);
+  ASSERT_TRUE(session.active());
+  std::vector<Call> work = calls();
+  for (Call &c : work) c.locale = 0;
+  for (const char *name : {"de_DE", static_cast<const char *>(nullptr), "fr_FR", "ja_JP.UTF-8",
+                           "xx_YY", "de_DE", static_cast<const char *>(nullptr)}) {
+    corvinel::testing::ScopedOrbLocale orb(name);
+    EXPECT_EQ(render_on_threads(work, rendered_on_this_thread(work)), 0)
+        << "ORB_LOCALE " << (name != nullptr ? name : "unset");
+  }
 }
 
 }  // namespace

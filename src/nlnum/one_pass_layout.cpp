@@ -1,0 +1,185 @@
+#include "nlnum/one_pass_layout.h"
+
+#include <cstring>
+
+#include "locale/transcode_steps.h"
+#include "nlnum/number_assembly.h"
+#include "nlnum/request_expansion.h"
+
+namespace corvinel::nlnum {
+namespace {
+
+constexpr int kNegative = 0;
+constexpr int kZero = 1;
+constexpr int kPositive = 2;
+
+// An escape is judged on the seven bytes from its "<"; a "<" closer than
+// that to the end of a part could become an escape with the bytes after it
+// in the composed text, so such a part is only ever expanded whole.
+constexpr std::size_t kEscapeReach = 6;
+
+bool may_join_next_part(std::string_view part) {
+  const std::size_t tail = part.size() < kEscapeReach ? 0 : part.size() - kEscapeReach;
+  return part.find('<', tail) != std::string_view::npos;
+}
+
+bool encode(SessionCodeset codeset, std::string_view text, EncodedPiece &piece) {
+  const int32_t length = encode_in_session(codeset, text, piece.bytes, kPieceCapacity);
+  if (length < 0) return false;
+  piece.length = static_cast<uint8_t>(length);
+  piece.symbolic = static_cast<uint16_t>(text.size());
+  return true;
+}
+
+// Past these the general attempt's buffers cut the text or expansion leaves
+// its shortcut, so such texts are left to it.  A session byte is at most
+// three bytes of UTF-8 and at least one unit.
+constexpr std::size_t kMostSessionBytes = locale::kStepCapacity / 3;
+
+// A layout part being built: what stands before or after the number.
+class PartText {
+ public:
+  void append(std::string_view text) {
+    if (text.size() > sizeof text_ - length_) {
+      overflow_ = true;
+      return;
+    }
+    std::memcpy(text_ + length_, text.data(), text.size());
+    length_ += text.size();
+  }
+  void append(char c) { append(std::string_view(&c, 1)); }
+  bool overflow() const { return overflow_; }
+  std::string_view view() const { return {text_, length_}; }
+
+ private:
+  char text_[kComposedCapacity];
+  std::size_t length_ = 0;
+  bool overflow_ = false;
+};
+
+// Composes, strips and encodes what stands before and after the number for
+// one sign class, as compose_layout does for the whole text.
+bool compile_sign_class(const LayoutParts &parts, int sign_class, SessionCodeset codeset,
+                        OnePassLayout &layout) {
+  const bool negative = sign_class == kNegative;
+  const char *pattern = negative ? parts.negative_layout : parts.positive_layout;
+  const std::string_view sign = negative ? parts.negative : parts.positive;
+  PartText before, after;
+  PartText *part = &before;
+  for (const char *c = pattern; *c != '\0'; ++c) {
+    switch (*c) {
+      case '$': part->append(parts.symbol); break;
+      case '-': part->append(sign); break;
+      case 'V': part = &after; break;
+      case '(':
+      case ')':
+        if (negative) part->append(*c);
+        break;
+      default: part->append(*c); break;
+    }
+  }
+  if (before.overflow() || after.overflow()) return false;
+  // The number starts and ends with a digit, so the blanks stripped from the
+  // ends of the composed text are those at the outer ends of the parts.
+  std::string_view lead = before.view();
+  lead.remove_prefix(std::min(lead.find_first_not_of(' '), lead.size()));
+  std::string_view trail = after.view();
+  const std::size_t last = trail.find_last_not_of(' ');
+  trail = trail.substr(0, last == std::string_view::npos ? 0 : last + 1);
+  if (may_join_next_part(lead)) return false;
+  if (!encode(codeset, lead, layout.before[sign_class]) ||
+      !encode(codeset, trail, layout.after[sign_class])) {
+    return false;
+  }
+  if (sign_class == kPositive && parts.bracket_blank) {
+    EncodedPiece &piece = layout.after[sign_class];
+    if (piece.length == kPieceCapacity) return false;
+    piece.bytes[piece.length++] = ' ';
+    ++piece.symbolic;
+  }
+  return true;
+}
+
+// Writes `piece` so that it ends at `end`; returns where it starts.
+char *put_before(char *end, const EncodedPiece &piece) {
+  // Pieces are a few bytes: a loop is cheaper than a call.
+  for (std::size_t i = piece.length; i > 0; --i) *--end = piece.bytes[i - 1];
+  return end;
+}
+
+}  // namespace
+
+OnePassLayout compile_one_pass(const LayoutParts &parts, SessionCodeset codeset) {
+  OnePassLayout layout;
+  if (may_join_next_part(parts.decimal) || may_join_next_part(parts.separator) ||
+      !encode(codeset, parts.decimal, layout.decimal) ||
+      !encode(codeset, parts.separator, layout.separator)) {
+    return layout;
+  }
+  layout.grouping = parts.grouping;
+  for (const int sign_class : {kNegative, kZero, kPositive}) {
+    if (!compile_sign_class(parts, sign_class, codeset, layout)) return layout;
+  }
+  layout.usable = true;
+  return layout;
+}
+
+OnePassAttempt place_one_pass(const OnePassLayout &layout, const ScaledDecimal &number,
+                              bool grouping_allowed, double value, fmtreq &request, char *output,
+                              int32_t width) {
+  // assemble_number's parts: the integer digits, grouped, and with decimals
+  // the decimal mark and the fraction digits.
+  const auto fraction = static_cast<std::size_t>(number.precision);
+  const std::size_t integer = static_cast<std::size_t>(number.digit_count) - fraction;
+  const bool has_fraction = fraction > 0;
+  const std::size_t group =
+      grouping_allowed && layout.grouping > 0 ? static_cast<std::size_t>(layout.grouping) : 0;
+  const std::size_t separators = (group > 0 && group < integer) ? (integer - 1) / group : 0;
+
+  const int sign_class = value < 0 ? kNegative : value > 0 ? kPositive : kZero;
+  const EncodedPiece &before = layout.before[sign_class];
+  const EncodedPiece &after = layout.after[sign_class];
+  std::size_t assembled = integer + separators * layout.separator.symbolic;
+  std::size_t length = integer + separators * layout.separator.length;
+  if (has_fraction) {
+    assembled += layout.decimal.symbolic + fraction;
+    length += layout.decimal.length + fraction;
+  }
+  length += before.length + after.length;
+  const std::size_t symbolic = assembled + before.symbolic + after.symbolic;
+  if (assembled > static_cast<std::size_t>(kMaxAssembledNumber) ||
+      symbolic > static_cast<std::size_t>(kComposedCapacity) || length > kMostSessionBytes) {
+    return {};
+  }
+  const bool grouped = separators > 0 && layout.separator.symbolic > 0;
+  if (length > static_cast<std::size_t>(width)) {
+    return {OnePass::kTooWide, grouped, static_cast<int>(symbolic)};
+  }
+
+  // From the right edge of the field leftwards.
+  std::memset(output, ' ', static_cast<std::size_t>(request.capacity));
+  char *out = put_before(output + width, after);
+  uint64_t digits = number.digits;
+  if (has_fraction) {
+    for (std::size_t i = 0; i < fraction; ++i, digits /= 10) *--out = static_cast<char>('0' + digits % 10);
+    out = put_before(out, layout.decimal);
+  }
+  std::size_t in_group = 0;
+  for (std::size_t i = 0; i < integer; ++i, digits /= 10) {
+    if (in_group == group && separators > 0) {
+      out = put_before(out, layout.separator);
+      in_group = 0;
+    }
+    *--out = static_cast<char>('0' + digits % 10);
+    ++in_group;
+  }
+  put_before(out, before);
+  request.outlen = width;
+  return {OnePass::kPlaced, grouped, static_cast<int>(symbolic)};
+}
+
+bool delivers_session_bytes(const fmtreq &request) {
+  return request.xcode_b != CORVINEL_ENC_UTF16LE && !delivers_16_bit_units(request);
+}
+
+}  // namespace corvinel::nlnum

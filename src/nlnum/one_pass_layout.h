@@ -1,0 +1,87 @@
+// The attempts of the number engine and the currency-code formats that lay
+// out a fixed digit text, in one pass: the number grouped or not, with
+// sign, symbol and brackets, written straight into the field in the session
+// encoding.
+//
+// The general attempt composes the text in the locale's symbolic notation
+// and hands it to output expansion, which decides whether it fits.  Here the
+// parts that do not depend on the value (what stands before and after the
+// number for each sign, the group separator and the decimal mark) are
+// composed, stripped and encoded once per locale, convention and session
+// codeset; a call only lays the digits between them.  The bytes are those of
+// the general attempt whenever the one pass takes the call; it declines
+// (nothing written) whenever it could differ, and the caller then runs the
+// general attempts.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "corvinel/fmtreq.h"
+#include "nlnum/digit_texts.h"
+#include "nlnum/simple_expansion.h"
+
+namespace corvinel::nlnum {
+
+// The widest field either caller fills; a longer part never fits.
+inline constexpr int kPieceCapacity = 32;
+
+struct EncodedPiece {
+  uint8_t length = 0;      // in session bytes
+  uint16_t symbolic = 0;   // the length of the text it came from
+  char bytes[kPieceCapacity] = {};
+
+  std::string_view view() const { return {bytes, length}; }
+};
+
+// Layouts of CurrencyFormatPatterns, texts in symbolic notation: what the
+// one pass is compiled from.
+struct LayoutParts {
+  std::string_view symbol, positive, negative;  // symbol, sign strings
+  std::string_view decimal, separator;
+  int32_t grouping = 0;
+  const char *positive_layout = "";
+  const char *negative_layout = "";
+  bool bracket_blank = false;  // n_sign_posn 0: a positive value gets a blank for the ")"
+};
+
+// The one pass of one convention in one session codeset.
+struct OnePassLayout {
+  bool usable = false;  // false: every call takes the general attempts
+  EncodedPiece decimal, separator;
+  int32_t grouping = 0;
+  // Indexed by sign class: negative, zero (either sign), positive.
+  EncodedPiece before[3], after[3];
+};
+
+OnePassLayout compile_one_pass(const LayoutParts &parts, SessionCodeset codeset);
+
+enum class OnePass {
+  kPlaced,    // the text stands in the field
+  kTooWide,   // as the general attempt, expansion would shorten it
+  kDeclined,  // the general attempt must decide: nothing written
+};
+
+struct OnePassAttempt {
+  OnePass outcome = OnePass::kDeclined;
+  bool grouped = false;  // a group separator (not an empty one) was laid
+  int symbolic_length = 0;  // the composed text's length in the symbolic notation
+};
+
+// One attempt with the fixed text of `number` (whose text assemble_number
+// would split at its decimal point: FastNumberTexts::splits_at_decimal_point)
+// for `value`, grouped when `grouping_allowed`.  When the text fits `width`
+// session bytes: blank-fills `capacity` bytes of `output`, writes the text
+// ending at the field's right edge, sets `outlen` to `width`.  When it does
+// not, reports what the general attempt would have learnt.  The caller has
+// made sure that the request delivers session bytes, not 16-bit units, and
+// that 1 <= width <= capacity.
+OnePassAttempt place_one_pass(const OnePassLayout &layout, const ScaledDecimal &number,
+                              bool grouping_allowed, double value, fmtreq &request, char *output,
+                              int32_t width);
+
+// Whether the request's field is written in session bytes (no 16-bit units
+// asked for or already delivered).
+bool delivers_session_bytes(const fmtreq &request);
+
+}  // namespace corvinel::nlnum
