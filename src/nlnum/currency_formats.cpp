@@ -236,7 +236,7 @@ struct CompiledAmount {
 
   bool matches(const locitem *r, SessionCodeset c, std::string_view s) const {
     return filled && record == r && codeset == c && s.size() == symbol_length &&
-           std::memcmp(s.data(), symbol, symbol_length) == 0;
+           (s.empty() || std::memcmp(s.data(), symbol, symbol_length) == 0);
   }
 };
 
@@ -256,7 +256,7 @@ const CompiledAmount &compiled_amount(CurrencySymbol kind, const locitem *record
     if (shown.size() <= CompiledAmount::kSymbolCapacity) {
       entry.one_pass = compile_one_pass(parts, codeset);
       entry.symbol_length = shown.size();
-      std::memcpy(entry.symbol, shown.data(), shown.size());
+      if (!shown.empty()) std::memcpy(entry.symbol, shown.data(), shown.size());
       entry.filled = true;
     }
     parts.symbol = {};

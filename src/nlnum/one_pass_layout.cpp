@@ -40,6 +40,7 @@ constexpr std::size_t kMostSessionBytes = locale::kStepCapacity / 3;
 class PartText {
  public:
   void append(std::string_view text) {
+    if (text.empty()) return;  // an empty item may have no bytes at all
     if (text.size() > sizeof text_ - length_) {
       overflow_ = true;
       return;
