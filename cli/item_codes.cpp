@@ -13,7 +13,7 @@ const ItemCodes kItemCodes[] = {
     {5, 5, "two-letter country code (matched by ORB_LOCALE)"},
     {6, 6, "order of the date parts: MDY, DMY or YMD"},
     {7, 7, "paper size name: A4 or LETTER"},
-    {8, 11, "font specifications for East-Asian locales (mostly absent)"},
+    {8, 11, "font names for East-Asian locales (mostly absent)"},
     {12, 12, "code of the host's message language"},
     {13, 17, "default date, datetime, time, number and percent format names"},
     {18, 27, "graphics font names"},

@@ -176,7 +176,12 @@ int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtr
   const NumberMarks marks{convention.decimal, convention.separator, convention.grouping};
   FittingState state{std::clamp(request.decimals, 0, kMaxPrecision)};
   if (marks.decimal.empty()) state.decimals = 0;
+  // The one pass lays fixed texts out as numbers only where the general
+  // attempt splits them at their decimal point.
   if (!delivers_session_bytes(request)) one_pass = nullptr;
+  if constexpr (Sources::kOnePass) {
+    if (!texts.splits_at_decimal_point()) one_pass = nullptr;
+  }
   // Every way out of the attempts below writes the whole field.
   const bool negative = value < 0;
   const auto layout = [&] { return layout_of(convention, negative); };
@@ -190,8 +195,7 @@ int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtr
     if constexpr (Sources::kOnePass) {
       // The fixed text as a number, laid out without being written first.
       ScaledDecimal scaled;
-      if (one_pass != nullptr && state.shrink == 0 && texts.splits_at_decimal_point() &&
-          texts.scaled(value, state.decimals, scaled) && scaled.text_length() <= w) {
+      if (one_pass != nullptr && state.shrink == 0 && texts.scaled(value, state.decimals, scaled) && scaled.text_length() <= w) {
         if (scaled.starts_zero_point(texts.decimal_point())) state.leading_zero = true;
         const OnePassAttempt attempt =
             place_one_pass(*one_pass, scaled, state.grouping_allowed, value, request, output, w);
