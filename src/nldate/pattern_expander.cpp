@@ -3,75 +3,17 @@
 #include "nldate/pattern_expander.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstring>
-#include <ctime>
-#include <optional>
 #include <string_view>
 
-#include "corvinel/calendar.h"
 #include "corvinel/locale_db.h"
-#include "corvinel/missing.h"
-#include "corvinel/text.h"
 #include "corvinel/weeks.h"
 #include "locale/locale_records.h"
+#include "nldate/expansion_steps.h"
 #include "nldate/week_numbering.h"
 
 namespace corvinel::nldate {
 namespace {
-
-// Locale items the expander reads.
-constexpr int32_t kRegionCode = 5;
-constexpr int32_t kDateRepresentation = 28;
-constexpr int32_t kTimeRepresentation = 53;
-constexpr int32_t kMonthAbbreviated = 59;
-constexpr int32_t kMonthFull = 71;
-constexpr int32_t kMonthAbbreviatedAlternate = 83;
-constexpr int32_t kMonthFullAlternate = 95;
-constexpr int32_t kWeekdayAbbreviated = 107;
-constexpr int32_t kWeekdayFull = 114;
-constexpr int32_t kWeekdayAbbreviatedAlternate = 121;
-constexpr int32_t kWeekdayFullAlternate = 128;
-constexpr int32_t kQuarterShort = 135;
-constexpr int32_t kQuarterLong = 139;
-constexpr int32_t kQuarterShortAlternate = 143;
-constexpr int32_t kQuarterLongAlternate = 147;
-constexpr int32_t kMorning = 151;
-constexpr int32_t kAfternoon = 152;
-constexpr int32_t kDecimalSeparator = 172;
-
-// The eras of the Japanese calendar this expander knows: first day (day
-// number) and first calendar year.  It deliberately ends with the era that
-// began in 1989; the classic era rendering keeps a longer table of its own.
-struct Reign {
-  double first_day;
-  double first_year;
-};
-constexpr Reign reigns[4] = {
-    {-33506, 1868},  // 6 April 1868
-    {-17321, 1912},  // 30 July 1912
-    {-12060, 1926},  // 25 December 1926
-    {10600, 1989},   // 8 January 1989
-};
-
-// Items read in place from the compiled-in record chosen once per call.
-// An item can be fetched when there is a record and its text fits an item
-// buffer, exactly when wzssglc would fetch it.
-class RecordItems {
- public:
-  explicit RecordItems(const locitem *record) noexcept : record_(record) {}
-
-  std::optional<std::string_view> get(int32_t item) const noexcept {
-    if (record_ == nullptr || item < 0 || item >= CORVINEL_LOCALE_ITEMS) return std::nullopt;
-    const locitem &entry = record_[item];
-    if (entry.length > CORVINEL_LOCALE_TEXT) return std::nullopt;
-    if (entry.length <= 0 || entry.text == nullptr) return std::string_view{};
-    return std::string_view{entry.text, static_cast<std::size_t>(entry.length)};
-  }
-
- private:
-  const locitem *record_;
-};
 
 // Items fetched one by one through wzssglc, as the host's own lookups do.
 // A text stays valid until the next get.
@@ -123,140 +65,6 @@ class Text {
   int64_t length_ = 0;
 };
 
-// A missing value is a NaN (its top 16 bits are all ones), so one test
-// covers the host's missing values and every other NaN.
-bool is_missing(double value) noexcept { return std::isnan(value); }
-
-// The integer part of a part of the value as a magnitude for the digit
-// writer; infinities and values beyond 64 bits saturate.
-uint64_t magnitude(double value) noexcept {
-  const double m = std::fabs(std::trunc(value));
-  if (!(m < 1.8e19)) return UINT64_MAX;
-  return static_cast<uint64_t>(m);
-}
-
-int64_t whole(double value) noexcept {
-  if (std::isnan(value)) return 0;
-  if (value >= 9.2e18) return INT64_MAX;
-  if (value <= -9.2e18) return INT64_MIN;
-  return static_cast<int64_t>(value);
-}
-
-// The parts of the value, derived once per expansion.
-struct Parts {
-  bool date_present;
-  double date;          // the day number; 0 when missing, for the week directives
-  int64_t weekday;      // zwekday - 1 (0 = Sunday), -1 when the date is missing
-  int64_t day_of_year;  // the julian form modulo 1000, 0 when missing
-  double year, month, day;  // missing when the date is
-  double hour, minute, second;
-  double clock12;  // the 12-hour clock value, 0 when the hour is missing
-};
-
-// Year, month, day and day of year of a day number whose year lies before
-// 4000, where the calendar is the proleptic Gregorian one: days counted
-// from 1 March of year 0 split into 400-year eras (the civil-from-days
-// algorithm), in integers, instead of the general routines' floating-point
-// steps.  The 4000-year rule starts to matter only in year 4000.
-struct CivilDay {
-  int64_t year, month, day, day_of_year;
-};
-
-constexpr int64_t kDaysFromMarch0ToEpoch = 715815;  // 1 March of year 0 to 1 January 1960
-constexpr int64_t kFirstValidDay = -138061;         // 1 January 1582
-constexpr int64_t kLastDayBefore4000 = 745094;      // 31 December 3999
-
-CivilDay civil_day(int64_t day_number) noexcept {
-  const int64_t days = day_number + kDaysFromMarch0ToEpoch;  // positive in range
-  const int64_t era = days / 146097;
-  const int64_t day_of_era = days - era * 146097;
-  const int64_t year_of_era =
-      (day_of_era - day_of_era / 1460 + day_of_era / 36524 - day_of_era / 146096) / 365;
-  const int64_t day_of_march_year =
-      day_of_era - (365 * year_of_era + year_of_era / 4 - year_of_era / 100);
-  const int64_t shifted_month = (5 * day_of_march_year + 2) / 153;  // 0 = March
-  CivilDay civil{};
-  civil.day = day_of_march_year - (153 * shifted_month + 2) / 5 + 1;
-  civil.month = shifted_month < 10 ? shifted_month + 3 : shifted_month - 9;
-  civil.year = year_of_era + era * 400 + (civil.month <= 2 ? 1 : 0);
-  const bool leap = civil.year % 4 == 0 && (civil.year % 100 != 0 || civil.year % 400 == 0);
-  // Day of year from the day of the March-based year: January and February
-  // close the March-based year before.
-  civil.day_of_year = shifted_month < 10 ? day_of_march_year + 60 + (leap ? 1 : 0)
-                                         : day_of_march_year - 305;
-  return civil;
-}
-
-Parts derive_parts(double date, double hour, double minute, double second) noexcept {
-  Parts p{};
-  p.year = p.month = p.day = std_miss_val;
-  const double day = std::floor(date);
-  if (!is_missing(date) && day >= kFirstValidDay && day <= kLastDayBefore4000) {
-    const CivilDay civil = civil_day(static_cast<int64_t>(day));
-    p.date_present = true;
-    p.day_of_year = civil.day_of_year;
-    p.year = static_cast<double>(civil.year);
-    p.month = static_cast<double>(civil.month);
-    p.day = static_cast<double>(civil.day);
-  } else {
-    const double julian = is_missing(date) ? std_miss_val : zjuldat(date);
-    p.date_present = !is_missing(julian);
-    p.day_of_year = p.date_present ? whole(std::fmod(julian, 1000.0)) : 0;
-    if (p.date_present) zymdjul(&p.year, &p.month, &p.day, julian);
-  }
-  p.date = p.date_present ? date : 0;
-  p.weekday = p.date_present ? whole(zwekday(date)) - 1 : -1;
-  p.hour = hour;
-  p.minute = minute;
-  p.second = second;
-  p.clock12 = is_missing(hour) ? 0 : (hour <= 12.0 ? hour : std::fmod(hour, 12.0));
-  return p;
-}
-
-// The year under the era of the locale's region (the "+" flag).
-double era_year(std::string_view region, double year, double date) noexcept {
-  if (region == "TW") {
-    const double y = year - 1911;
-    return y <= 0 ? 1 - y : y;
-  }
-  if (region == "TH") return year + 543;
-  if (region == "JP") {
-    for (int i = 3; i >= 0; --i) {
-      if (reigns[i].first_day <= date) return year + 1 - reigns[i].first_year;
-    }
-  }
-  return year;
-}
-
-// The machine's numeric zone offset now, "+hhmm" or "-hhmm".  tzset first
-// so that a changed TZ is seen as localtime itself would see it; then
-// localtime_r, not localtime, because localtime's result lives in one
-// buffer shared by every thread and formats may run on many threads at
-// once.  The offset is the standard one (timezone), an hour added while
-// daylight saving is in effect.
-void put_zone_offset(Text &out) noexcept {
-  tzset();
-  const time_t now = time(nullptr);
-  struct tm local {};
-  const bool daylight_saving = localtime_r(&now, &local) != nullptr && local.tm_isdst > 0;
-  const long offset = -timezone;
-  const long hours = offset / 3600;
-  const long minutes = (std::labs(offset) - std::labs(hours) * 3600) / 60;
-  out.put(offset >= 0 ? '+' : '-');
-  out.put_number(static_cast<uint64_t>(daylight_saving ? std::labs(hours + 1) : std::labs(hours)),
-                 2, '0');
-  out.put_number(static_cast<uint64_t>(minutes), 2, '0');
-}
-
-// One directive after its "%": the flags read, the letter to handle.
-struct Directive {
-  char pad;           // '0', or 0 for no padding ("#")
-  bool alternate;     // "#": the alternate name sets
-  bool lower;         // the lower-case variant
-  bool exact_second;  // the letter was written "S"
-  char letter;        // upper case; "%m" becomes 'N'
-};
-
 template <class Items>
 class Expansion {
  public:
@@ -270,37 +78,8 @@ class Expansion {
         out_.put(work[i]);
         continue;
       }
-      Directive d{'0', false, false, false, 0};
-      ++i;
-      if (i < length && (work[i] == '#' || work[i] == '0')) {
-        if (work[i] == '#') {
-          d.pad = 0;
-          d.alternate = true;
-        }
-        ++i;
-      }
-      if (i < length && work[i] >= '1' && work[i] <= '9') ++i;  // a width, not supported
-      if (i < length && work[i] == '+') {
-        era_ = true;
-        ++i;
-      }
-      if (i < length && work[i] == '?') {
-        d.lower = true;
-        ++i;
-      }
-      if (i >= length) return false;  // a lone "%" at the end
-      const char c = work[i];
-      d.exact_second = c == 'S';
-      if (c >= 'a' && c <= 'z') {
-        d.lower = true;
-        d.letter = static_cast<char>(c - 'a' + 'A');
-      } else {
-        d.letter = c;
-      }
-      if (d.letter == 'M' && d.lower) {
-        d.letter = 'N';
-        d.lower = false;
-      }
+      Directive d{};
+      if (!read_directive(work, length, i, era_, d)) return false;
       if (!write(d)) return false;
     }
     return true;
@@ -387,7 +166,7 @@ class Expansion {
         if (d.lower) {
           put_weekday_digit(true);
         } else {
-          out_.put_number(magnitude(static_cast<double>(sunday_week())), 2, d.pad);
+          out_.put_number(magnitude(static_cast<double>(sunday_week(parts_))), 2, d.pad);
         }
         return true;
       case 'W':
@@ -405,7 +184,9 @@ class Expansion {
         return true;
       case 'Z':
         if (d.lower) {
-          put_zone_offset(out_);
+          char offset[kZoneOffsetLength];
+          write_zone_offset(offset);
+          out_.put(std::string_view{offset, sizeof offset});
         } else {
           out_.put("XST");
         }
@@ -450,31 +231,15 @@ class Expansion {
   // entry routines have rounded the value already.
   void put_second(char pad, bool with_fraction) noexcept {
     const double second = parts_.second;
-    const bool missing = is_missing(second);
-    if (missing) {
+    if (is_missing(second)) {
       out_.put_missing();
     } else {
       out_.put_number(magnitude(second), 2, pad);
     }
     if (!with_fraction) return;
     if (const auto separator = items_.get(kDecimalSeparator)) out_.put(*separator);
-    const int32_t n = std::min(fraction_digits_, kTextBound);
-    if (missing) {
-      for (int32_t i = 0; i < n; ++i) out_.put('*');
-      return;
-    }
-    double s = std::fabs(second);
-    if (!std::isfinite(s)) s = 0;
-    double k = std::trunc(s);
-    for (int32_t i = 1; i <= n; ++i) {
-      s = (s - k) * 10;
-      k = std::trunc(s);
-      if (i == n && std::trunc((s - k) * 10) >= 5 && k < 9) {
-        s += 1;
-        k += 1;
-      }
-      out_.put(static_cast<char>('0' + static_cast<int>(k)));
-    }
+    put_fraction_digits(second, std::min(fraction_digits_, kTextBound),
+                        [this](char c) { out_.put(c); });
   }
 
   void put_marker() noexcept {
@@ -517,9 +282,7 @@ class Expansion {
   }
 
   // The month of the date, or 0 when it is missing.
-  int32_t month() const noexcept {
-    return is_missing(parts_.month) ? 0 : static_cast<int32_t>(parts_.month);
-  }
+  int32_t month() const noexcept { return month_of(parts_); }
 
   void put_month_name(int32_t base) noexcept {
     if (month() < 1 || month() > 12) return out_.put_missing();
@@ -544,9 +307,7 @@ class Expansion {
 
   double shown_year(double year) noexcept {
     if (!era_) return year;
-    const auto region = items_.get(kRegionCode);
-    if (!region || region->size() != 2) return year;
-    return era_year(*region, year, parts_.date);
+    return era_year(era_of_region(items_.get(kRegionCode)), year, parts_.date);
   }
 
   void put_year(const Directive &d) noexcept {
@@ -561,18 +322,6 @@ class Expansion {
   void put_two_groups(int64_t year) noexcept {
     out_.put_number(static_cast<uint64_t>(std::llabs(year / 100)), 2, '0');
     out_.put_number(static_cast<uint64_t>(std::llabs(year % 100)), 2, '0');
-  }
-
-  // Week of the year with weeks starting on Sunday; days before the first
-  // Sunday are week 0.
-  int64_t sunday_week() const noexcept {
-    const double date = parts_.date;
-    const double first_of_year = date - static_cast<double>(parts_.day_of_year) + 1;
-    const int64_t weekday = whole(zwekday(first_of_year));
-    const double first_sunday =
-        weekday == 1 ? first_of_year : first_of_year - static_cast<double>(weekday) + 8;
-    if (date < first_sunday) return 0;
-    return whole((date - first_sunday) / 7) + 1;
   }
 
   void put_weekday_digit(bool monday_first) noexcept {
@@ -598,37 +347,6 @@ class Expansion {
   bool era_ = false;  // "+" seen: stays on for the rest of the expansion
   Text out_;
 };
-
-// Pass 1: the pattern with "%x" and "%X" replaced once by items 28 and 53,
-// trailing blanks stripped.  Returns the length, or -1 past kPatternBound.
-template <class Items>
-int32_t substitute_representations(const Items &items, const char *pattern, int32_t length,
-                                   char *work) noexcept {
-  int32_t n = 0;
-  const auto append = [&](std::string_view s) {
-    if (static_cast<int64_t>(n) + static_cast<int64_t>(s.size()) > kPatternBound) return false;
-    std::memcpy(work + n, s.data(), s.size());
-    n += static_cast<int32_t>(s.size());
-    return true;
-  };
-  for (int32_t i = 0; i < length; ++i) {
-    if (pattern[i] == '%' && i + 1 < length) {
-      const char next = pattern[i + 1];
-      bool ok = true;
-      if (next == 'x' || next == 'X') {
-        const auto item = items.get(next == 'x' ? kDateRepresentation : kTimeRepresentation);
-        if (item) ok = append(*item);
-      } else {
-        ok = append({pattern + i, 2});
-      }
-      if (!ok) return -1;
-      ++i;
-      continue;
-    }
-    if (!append({pattern + i, 1})) return -1;
-  }
-  return n == 0 ? 0 : wzstrip(work, n);
-}
 
 template <class Items>
 int32_t expand_with(const Items &items, const char *pattern, int32_t pattern_length,

@@ -1,0 +1,186 @@
+// The steps of a date pattern expansion that do not depend on how the text
+// is kept: the locale items it reads, the value split into its parts, the
+// directive syntax, the substitution of "%x" and "%X", era years, the
+// Sunday-based week, fraction digits and the zone offset.  The expander
+// that interprets a pattern on every call and the compiled patterns both
+// take them from here, so the two cannot drift apart on any of them.
+#pragma once
+
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <optional>
+#include <string_view>
+
+#include "corvinel/locale_db.h"
+#include "corvinel/text.h"
+#include "nldate/pattern_expander.h"
+
+namespace corvinel::nldate {
+
+// Locale items the expander reads.
+inline constexpr int32_t kRegionCode = 5;
+inline constexpr int32_t kDateRepresentation = 28;
+inline constexpr int32_t kTimeRepresentation = 53;
+inline constexpr int32_t kMonthAbbreviated = 59;
+inline constexpr int32_t kMonthFull = 71;
+inline constexpr int32_t kMonthAbbreviatedAlternate = 83;
+inline constexpr int32_t kMonthFullAlternate = 95;
+inline constexpr int32_t kWeekdayAbbreviated = 107;
+inline constexpr int32_t kWeekdayFull = 114;
+inline constexpr int32_t kWeekdayAbbreviatedAlternate = 121;
+inline constexpr int32_t kWeekdayFullAlternate = 128;
+inline constexpr int32_t kQuarterShort = 135;
+inline constexpr int32_t kQuarterLong = 139;
+inline constexpr int32_t kQuarterShortAlternate = 143;
+inline constexpr int32_t kQuarterLongAlternate = 147;
+inline constexpr int32_t kMorning = 151;
+inline constexpr int32_t kAfternoon = 152;
+inline constexpr int32_t kDecimalSeparator = 172;
+
+// Items read in place from the compiled-in record chosen once per call.
+// An item can be fetched when there is a record and its text fits an item
+// buffer, exactly when wzssglc would fetch it.
+class RecordItems {
+ public:
+  explicit RecordItems(const locitem *record) noexcept : record_(record) {}
+
+  std::optional<std::string_view> get(int32_t item) const noexcept {
+    if (record_ == nullptr || item < 0 || item >= CORVINEL_LOCALE_ITEMS) return std::nullopt;
+    const locitem &entry = record_[item];
+    if (entry.length > CORVINEL_LOCALE_TEXT) return std::nullopt;
+    if (entry.length <= 0 || entry.text == nullptr) return std::string_view{};
+    return std::string_view{entry.text, static_cast<std::size_t>(entry.length)};
+  }
+
+ private:
+  const locitem *record_;
+};
+
+// A missing value is a NaN (its top 16 bits are all ones), so one test
+// covers the host's missing values and every other NaN.
+inline bool is_missing(double value) noexcept { return std::isnan(value); }
+
+// The integer part of a part of the value as a magnitude for the digit
+// writer; infinities and values beyond 64 bits saturate.
+inline uint64_t magnitude(double value) noexcept {
+  const double m = std::fabs(std::trunc(value));
+  if (!(m < 1.8e19)) return UINT64_MAX;
+  return static_cast<uint64_t>(m);
+}
+
+inline int64_t whole(double value) noexcept {
+  if (std::isnan(value)) return 0;
+  if (value >= 9.2e18) return INT64_MAX;
+  if (value <= -9.2e18) return INT64_MIN;
+  return static_cast<int64_t>(value);
+}
+
+// The parts of the value, derived once per expansion.
+struct Parts {
+  bool date_present;
+  double date;              // the day number; 0 when missing, for the week directives
+  int64_t weekday;          // zwekday - 1 (0 = Sunday), -1 when the date is missing
+  int64_t day_of_year;      // the julian form modulo 1000, 0 when missing
+  double year, month, day;  // missing when the date is
+  double hour, minute, second;
+  double clock12;  // the 12-hour clock value, 0 when the hour is missing
+};
+
+Parts derive_parts(double date, double hour, double minute, double second) noexcept;
+
+// The month of the date, or 0 when it is missing.
+inline int32_t month_of(const Parts &parts) noexcept {
+  return is_missing(parts.month) ? 0 : static_cast<int32_t>(parts.month);
+}
+
+// Week of the year with weeks starting on Sunday; days before the first
+// Sunday are week 0.
+int64_t sunday_week(const Parts &parts) noexcept;
+
+// The calendar whose years "%+Y" and "%+y" show, from the locale's
+// two-letter region code.
+enum class Era : uint8_t { kGregorian, kTaiwan, kThai, kJapan };
+Era era_of_region(std::optional<std::string_view> region) noexcept;
+double era_year(Era era, double year, double date) noexcept;
+
+// One directive after its "%": the flags read, the letter to handle.
+struct Directive {
+  char pad;           // '0', or 0 for no padding ("#")
+  bool alternate;     // "#": the alternate name sets
+  bool lower;         // the lower-case variant
+  bool exact_second;  // the letter was written "S"
+  char letter;        // upper case; "%m" becomes 'N'
+};
+
+// Reads the flags and letter of the directive whose "%" stands at work[i]:
+// pad or "#", one skipped digit, "+" (sets `era`, which stays set), "?",
+// the letter.  Leaves i on the letter.  False for a "%" with no letter
+// after it.
+bool read_directive(const char *work, int32_t length, int32_t &i, bool &era,
+                    Directive &directive) noexcept;
+
+// Pass 1: the pattern with "%x" and "%X" replaced once by items 28 and 53,
+// trailing blanks stripped.  Returns the length, or -1 past kPatternBound.
+template <class Items>
+int32_t substitute_representations(const Items &items, const char *pattern, int32_t length,
+                                   char *work) noexcept {
+  int32_t n = 0;
+  const auto append = [&](std::string_view s) {
+    if (static_cast<int64_t>(n) + static_cast<int64_t>(s.size()) > kPatternBound) return false;
+    std::memcpy(work + n, s.data(), s.size());
+    n += static_cast<int32_t>(s.size());
+    return true;
+  };
+  for (int32_t i = 0; i < length; ++i) {
+    if (pattern[i] == '%' && i + 1 < length) {
+      const char next = pattern[i + 1];
+      bool ok = true;
+      if (next == 'x' || next == 'X') {
+        const auto item = items.get(next == 'x' ? kDateRepresentation : kTimeRepresentation);
+        if (item) ok = append(*item);
+      } else {
+        ok = append({pattern + i, 2});
+      }
+      if (!ok) return -1;
+      ++i;
+      continue;
+    }
+    if (!append({pattern + i, 1})) return -1;
+  }
+  return n == 0 ? 0 : wzstrip(work, n);
+}
+
+// The n fraction digits of a second, made by repeated multiplication, each
+// handed to put: only the last digit is rounded, never a 9 and never
+// carrying into earlier digits (the entry routines have rounded the value
+// already).  A missing second gives n asterisks.
+template <class Put>
+void put_fraction_digits(double second, int32_t n, Put put) noexcept {
+  if (is_missing(second)) {
+    for (int32_t i = 0; i < n; ++i) put('*');
+    return;
+  }
+  double s = std::fabs(second);
+  if (!std::isfinite(s)) s = 0;
+  double k = std::trunc(s);
+  for (int32_t i = 1; i <= n; ++i) {
+    s = (s - k) * 10;
+    k = std::trunc(s);
+    if (i == n && std::trunc((s - k) * 10) >= 5 && k < 9) {
+      s += 1;
+      k += 1;
+    }
+    put(static_cast<char>('0' + static_cast<int>(k)));
+  }
+}
+
+// The machine's numeric zone offset now, "+hhmm" or "-hhmm", in out[0..4].
+inline constexpr int32_t kZoneOffsetLength = 5;
+void write_zone_offset(char *out) noexcept;
+
+// The same, worked out afresh on every call: tzset, then the local time of
+// now.  The reference write_zone_offset is compared with.
+void write_zone_offset_uncached(char *out) noexcept;
+
+}  // namespace corvinel::nldate
