@@ -4,62 +4,15 @@
 
 #include <cmath>
 #include <cstring>
-#include <string_view>
 
 #include "corvinel/calendar.h"
-#include "corvinel/locale_db.h"
 #include "corvinel/missing.h"
 #include "corvinel/rounding.h"
 #include "locale/locale_records.h"
-#include "nldate/date_value.h"
 #include "nldate/pattern_expander.h"
 
 namespace corvinel::nldate {
 namespace {
-
-// The suffix that asks the expander for the zone offset.
-constexpr std::string_view kZoneSuffix = " %z";
-
-// A pattern taken from the caller or from a locale item, with room for the
-// zone suffix.  Items are read in place from the compiled-in record, as
-// wzssglc would fetch them.  The record is chosen once per call and serves
-// the expander's names too.
-class Pattern {
- public:
-  // False when the item cannot be fetched.
-  bool take(int32_t locale, const char *pattern, int32_t selector, int32_t item_mask) noexcept {
-    record_ = locale::select_record(locale);
-    if (pattern != nullptr || selector < 1) {
-      text_ = pattern;
-      length_ = pattern != nullptr && selector > 0 ? selector : 0;
-      return true;
-    }
-    const locitem *record = record_;
-    const int32_t item = selector & item_mask;
-    if (record == nullptr || item >= CORVINEL_LOCALE_ITEMS) return false;
-    const locitem &entry = record[item];
-    if (entry.length > CORVINEL_LOCALE_TEXT) return false;
-    text_ = entry.text;
-    length_ = entry.text != nullptr ? entry.length : 0;
-    if ((selector & kAppendZoneOffset) != 0) {
-      std::memcpy(with_suffix_, text_, static_cast<std::size_t>(length_));
-      std::memcpy(with_suffix_ + length_, kZoneSuffix.data(), kZoneSuffix.size());
-      text_ = with_suffix_;
-      length_ += static_cast<int32_t>(kZoneSuffix.size());
-    }
-    return true;
-  }
-
-  const locitem *record() const noexcept { return record_; }
-  const char *text() const noexcept { return text_; }
-  int32_t length() const noexcept { return length_; }
-
- private:
-  const locitem *record_ = nullptr;
-  const char *text_ = nullptr;
-  int32_t length_ = 0;
-  char with_suffix_[CORVINEL_LOCALE_TEXT + kZoneSuffix.size()];
-};
 
 // The value rounded to `digits` fraction digits (a unit of 1/10^digits).
 double rounded(double value, int32_t digits) {
@@ -76,37 +29,100 @@ int32_t clamp_digits(int32_t digits) {
 
 }  // namespace
 
+// Items are read in place from the compiled-in record, as wzssglc would
+// fetch them: false when the item cannot be fetched.
+bool EntryExpansion::take_pattern(const locitem *record, const char *pattern, int32_t selector,
+                                  int32_t item_mask) noexcept {
+  record_ = record;
+  if (pattern != nullptr || selector < 1) {
+    pattern_ = pattern;
+    length_ = pattern != nullptr && selector > 0 ? selector : 0;
+    return true;
+  }
+  const int32_t item = selector & item_mask;
+  if (record == nullptr || item >= CORVINEL_LOCALE_ITEMS) return false;
+  const locitem &entry = record[item];
+  if (entry.length > CORVINEL_LOCALE_TEXT) return false;
+  pattern_ = entry.text;
+  length_ = entry.text != nullptr ? entry.length : 0;
+  if ((selector & kAppendZoneOffset) != 0) {
+    std::memcpy(with_suffix_, pattern_, static_cast<std::size_t>(length_));
+    std::memcpy(with_suffix_ + length_, kZoneSuffix.data(), kZoneSuffix.size());
+    pattern_ = with_suffix_;
+    length_ += static_cast<int32_t>(kZoneSuffix.size());
+  }
+  return true;
+}
+
+int32_t EntryExpansion::prepare(ValueKind kind, const locitem *record, const char *pattern,
+                                int32_t selector, int32_t fraction_digits, double value) noexcept {
+  // zkfdate takes the whole selector as the item, the others its low 8 bits.
+  const int32_t item_mask = kind == ValueKind::Date ? ~0 : kSelectorItemMask;
+  if (!take_pattern(record, pattern, selector, item_mask)) return kItemNotFetched;
+  switch (kind) {
+    case ValueKind::Date:
+      if (zmiss(value) || !in_valid_range(kind, value)) return kValueRejected;
+      digits_ = 0;
+      date_ = value;
+      hour_ = minute_ = second_ = std_miss_val;
+      return 0;
+    case ValueKind::Datetime: {
+      if (zmiss(value) || !in_valid_range(kind, value)) return kValueRejected;
+      digits_ = clamp_digits(fraction_digits);
+      const double v = rounded(value, digits_);
+      date_ = zdatprt(v);
+      hour_ = zhour(v);
+      minute_ = zminute(v);
+      second_ = zsecond(v);
+      return 0;
+    }
+    case ValueKind::Time: {
+      if (zmiss(value) || std::isnan(value) || value < 0) return kValueRejected;
+      digits_ = clamp_digits(fraction_digits);
+      const double v = rounded(value, digits_);
+      date_ = std_miss_val;
+      // The hour is deliberately not reduced modulo 24.
+      hour_ = std::trunc(std::fabs(v / 3600));
+      minute_ = zminute(v);
+      second_ = zsecond(v);
+      return 0;
+    }
+  }
+  return kValueRejected;
+}
+
+int32_t EntryExpansion::expand(char *buffer, int32_t *field_width) const noexcept {
+  return expand_in_record(record_, pattern_, length_, buffer, field_width, digits_, date_, hour_,
+                          minute_, second_);
+}
+
+namespace {
+
+int32_t enter(ValueKind kind, int32_t locale, char *buffer, int32_t *field_width,
+              const char *pattern, int32_t selector, int32_t fraction_digits, double value) {
+  EntryExpansion entry;
+  const int32_t prepared =
+      entry.prepare(kind, locale::select_record(locale), pattern, selector, fraction_digits, value);
+  return prepared != 0 ? prepared : entry.expand(buffer, field_width);
+}
+
+}  // namespace
+
 int32_t zkfdate(int32_t locale, char *buffer, int32_t *field_width, const char *pattern,
                 int32_t selector, double date) {
-  Pattern p;
-  if (!p.take(locale, pattern, selector, ~0)) return kItemNotFetched;
-  if (zmiss(date) || !in_valid_range(ValueKind::Date, date)) return kValueRejected;
-  return expand_in_record(p.record(), p.text(), p.length(), buffer, field_width, 0, date,
-                          std_miss_val, std_miss_val, std_miss_val);
+  return enter(ValueKind::Date, locale, buffer, field_width, pattern, selector, 0, date);
 }
 
 int32_t zkfdttm(int32_t locale, char *buffer, int32_t *field_width, const char *pattern,
                 int32_t selector, int32_t fraction_digits, double datetime) {
-  Pattern p;
-  if (!p.take(locale, pattern, selector, kSelectorItemMask)) return kItemNotFetched;
-  if (zmiss(datetime) || !in_valid_range(ValueKind::Datetime, datetime)) return kValueRejected;
-  const int32_t digits = clamp_digits(fraction_digits);
-  const double value = rounded(datetime, digits);
-  return expand_in_record(p.record(), p.text(), p.length(), buffer, field_width, digits,
-                          zdatprt(value), zhour(value), zminute(value), zsecond(value));
+  return enter(ValueKind::Datetime, locale, buffer, field_width, pattern, selector,
+               fraction_digits, datetime);
 }
 
 int32_t zkftime(int32_t locale, char *buffer, int32_t *field_width, const char *pattern,
                 int32_t selector, int32_t fraction_digits, double time) {
-  Pattern p;
-  if (!p.take(locale, pattern, selector, kSelectorItemMask)) return kItemNotFetched;
-  if (zmiss(time) || std::isnan(time) || time < 0) return kValueRejected;
-  const int32_t digits = clamp_digits(fraction_digits);
-  const double value = rounded(time, digits);
-  // The hour is deliberately not reduced modulo 24.
-  const double hour = std::trunc(std::fabs(value / 3600));
-  return expand_in_record(p.record(), p.text(), p.length(), buffer, field_width, digits,
-                          std_miss_val, hour, zminute(value), zsecond(value));
+  return enter(ValueKind::Time, locale, buffer, field_width, pattern, selector, fraction_digits,
+               time);
 }
 
 }  // namespace corvinel::nldate

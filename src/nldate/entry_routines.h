@@ -5,6 +5,10 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
+
+#include "corvinel/locale_db.h"
+#include "nldate/date_value.h"
 
 namespace corvinel::nldate {
 
@@ -30,5 +34,47 @@ int32_t zkfdttm(int32_t locale, char *buffer, int32_t *field_width, const char *
 // A negative time is rejected; the hour is not reduced modulo 24.
 int32_t zkftime(int32_t locale, char *buffer, int32_t *field_width, const char *pattern,
                 int32_t selector, int32_t fraction_digits, double time);
+
+// What an entry routine does before it expands: the pattern taken from the
+// caller or from an item of `record` (with the zone suffix when the
+// selector asks for it) and the value split into the expander's parts.
+// The formats prepare once per attempt and then expand or lay the text
+// straight into their field.
+class EntryExpansion {
+ public:
+  EntryExpansion() = default;
+  EntryExpansion(const EntryExpansion &) = delete;  // the pattern may point into it
+  EntryExpansion &operator=(const EntryExpansion &) = delete;
+
+  // zkfdate (kind Date), zkfdttm (Datetime) or zkftime (Time) up to the
+  // call of expand: 0 when the parts are ready, else the routine's result
+  // (kItemNotFetched, kValueRejected).
+  int32_t prepare(ValueKind kind, const locitem *record, const char *pattern, int32_t selector,
+                  int32_t fraction_digits, double value) noexcept;
+
+  // expand with the prepared parts.
+  int32_t expand(char *buffer, int32_t *field_width) const noexcept;
+
+  const locitem *record() const noexcept { return record_; }
+  const char *pattern() const noexcept { return pattern_; }
+  int32_t pattern_length() const noexcept { return length_; }
+  int32_t fraction_digits() const noexcept { return digits_; }
+  double date() const noexcept { return date_; }
+  double hour() const noexcept { return hour_; }
+  double minute() const noexcept { return minute_; }
+  double second() const noexcept { return second_; }
+
+ private:
+  bool take_pattern(const locitem *record, const char *pattern, int32_t selector,
+                    int32_t item_mask) noexcept;
+
+  static constexpr std::string_view kZoneSuffix = " %z";
+  const locitem *record_ = nullptr;
+  const char *pattern_ = nullptr;
+  int32_t length_ = 0;
+  int32_t digits_ = 0;
+  double date_ = 0, hour_ = 0, minute_ = 0, second_ = 0;
+  char with_suffix_[CORVINEL_LOCALE_TEXT + kZoneSuffix.size()];
+};
 
 }  // namespace corvinel::nldate

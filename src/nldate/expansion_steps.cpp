@@ -63,9 +63,12 @@ CivilDay civil_day(int64_t day_number) noexcept {
 Parts derive_parts(double date, double hour, double minute, double second) noexcept {
   Parts p{};
   p.year = p.month = p.day = std_miss_val;
-  const double day = std::floor(date);
-  if (!is_missing(date) && day >= kFirstValidDay && day <= kLastDayBefore4000) {
-    const CivilDay civil = civil_day(static_cast<int64_t>(day));
+  // The day of a date in the integer calendar's years: the conversion
+  // drops the fraction toward zero, one less below zero floors it.
+  if (date >= kFirstValidDay && date < kLastDayBefore4000 + 1) {
+    auto day = static_cast<int64_t>(date);
+    if (static_cast<double>(day) > date) --day;
+    const CivilDay civil = civil_day(day);
     p.date_present = true;
     p.day_of_year = civil.day_of_year;
     p.year = static_cast<double>(civil.year);

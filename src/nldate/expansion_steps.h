@@ -64,9 +64,9 @@ inline bool is_missing(double value) noexcept { return std::isnan(value); }
 // The integer part of a part of the value as a magnitude for the digit
 // writer; infinities and values beyond 64 bits saturate.
 inline uint64_t magnitude(double value) noexcept {
-  const double m = std::fabs(std::trunc(value));
+  const double m = std::fabs(value);
   if (!(m < 1.8e19)) return UINT64_MAX;
-  return static_cast<uint64_t>(m);
+  return static_cast<uint64_t>(m);  // the conversion drops the fraction
 }
 
 inline int64_t whole(double value) noexcept {

@@ -9,6 +9,7 @@
 #include "corvinel/locale_db.h"
 #include "corvinel/weeks.h"
 #include "locale/locale_records.h"
+#include "nldate/compiled_pattern.h"
 #include "nldate/expansion_steps.h"
 #include "nldate/week_numbering.h"
 
@@ -348,14 +349,30 @@ class Expansion {
   Text out_;
 };
 
+// The last step of expand: the text (kept up to kTextBound bytes of
+// `length`) placed in the field, or its length for a null output.
+int32_t place_in_field(const char *text, int64_t length, char *output,
+                       int32_t *field_width) noexcept {
+  int32_t width = field_width != nullptr ? *field_width : 0;
+  const bool right_aligned = width < 0;
+  if (right_aligned) width = width == INT32_MIN ? INT32_MAX : -width;
+  if (output == nullptr) return static_cast<int32_t>(std::min<int64_t>(length, INT32_MAX));
+  if (length > kTextBound && width > kTextBound) return kExpandUnknownDirective;
+  std::memset(output, ' ', static_cast<std::size_t>(width));
+  if (length > width) {
+    std::memcpy(output, text, static_cast<std::size_t>(width));
+    return kExpandTooLong;
+  }
+  const auto n = static_cast<std::size_t>(length);
+  std::memcpy(right_aligned ? output + (width - length) : output, text, n);
+  if (field_width != nullptr) *field_width = static_cast<int32_t>(length);
+  return kExpandFits;
+}
+
 template <class Items>
 int32_t expand_with(const Items &items, const char *pattern, int32_t pattern_length,
                     char *output, int32_t *field_width, int32_t fraction_digits, double date,
                     double hour, double minute, double second) noexcept {
-  int32_t width = field_width != nullptr ? *field_width : 0;
-  const bool right_aligned = width < 0;
-  if (right_aligned) width = width == INT32_MIN ? INT32_MAX : -width;
-
   const Parts parts = derive_parts(date, hour, minute, second);
 
   char work[kPatternBound];
@@ -367,19 +384,7 @@ int32_t expand_with(const Items &items, const char *pattern, int32_t pattern_len
   Expansion<Items> expansion(items, parts, std::max(fraction_digits, 0));
   if (!expansion.run(work, work_length)) return kExpandUnknownDirective;
   const Text &text = expansion.text();
-  const int64_t length = text.length();
-
-  if (output == nullptr) return static_cast<int32_t>(std::min<int64_t>(length, INT32_MAX));
-  if (length > kTextBound && width > kTextBound) return kExpandUnknownDirective;
-  std::memset(output, ' ', static_cast<std::size_t>(width));
-  if (length > width) {
-    std::memcpy(output, text.bytes(), static_cast<std::size_t>(width));
-    return kExpandTooLong;
-  }
-  const auto n = static_cast<std::size_t>(length);
-  std::memcpy(right_aligned ? output + (width - length) : output, text.bytes(), n);
-  if (field_width != nullptr) *field_width = static_cast<int32_t>(length);
-  return kExpandFits;
+  return place_in_field(text.bytes(), text.length(), output, field_width);
 }
 
 }  // namespace
@@ -394,6 +399,24 @@ int32_t expand(int32_t locale, const char *pattern, int32_t pattern_length, char
 int32_t expand_in_record(const locitem *record, const char *pattern, int32_t pattern_length,
                          char *output, int32_t *field_width, int32_t fraction_digits,
                          double date, double hour, double minute, double second) {
+  // The pattern compiled for this record once per thread, when it can be.
+  if (const CompiledPattern *program =
+          compiled_pattern(record, pattern, pattern_length, PieceEncoding::kSymbolic)) {
+    char text[kRenderCapacity];
+    const RenderedText rendered =
+        render(*program, derive_parts(date, hour, minute, second), fraction_digits, text);
+    if (rendered.outcome == RenderOutcome::kUnknownDirective) return kExpandUnknownDirective;
+    if (rendered.outcome == RenderOutcome::kRendered) {
+      return place_in_field(text, rendered.length, output, field_width);
+    }
+  }
+  return expand_interpreted(record, pattern, pattern_length, output, field_width,
+                            fraction_digits, date, hour, minute, second);
+}
+
+int32_t expand_interpreted(const locitem *record, const char *pattern, int32_t pattern_length,
+                           char *output, int32_t *field_width, int32_t fraction_digits,
+                           double date, double hour, double minute, double second) {
   const RecordItems items(record);
   return expand_with(items, pattern, pattern_length, output, field_width, fraction_digits, date,
                      hour, minute, second);

@@ -27,7 +27,9 @@ int32_t expand(int32_t locale, const char *pattern, int32_t pattern_length, char
 
 // expand with the locale record already chosen: `record` is what
 // locale::select_record(locale) gave (null when it found none).  The entry
-// routines choose it once for the pattern item and the names alike.
+// routines choose it once for the pattern item and the names alike.  The
+// pattern is compiled for the record once per thread (compiled_pattern.h)
+// and interpreted only when the compiled form declines.
 int32_t expand_in_record(const locitem *record, const char *pattern, int32_t pattern_length,
                          char *output, int32_t *field_width, int32_t fraction_digits,
                          double date, double hour, double minute, double second);
@@ -47,6 +49,12 @@ namespace corvinel::nldate {
 // More than kTextBound fraction digits count as kTextBound.
 inline constexpr int32_t kPatternBound = 1024;
 inline constexpr int32_t kTextBound = 4096;
+
+// expand_in_record walking the pattern on every call, items read in place,
+// without the compiled patterns.
+int32_t expand_interpreted(const locitem *record, const char *pattern, int32_t pattern_length,
+                           char *output, int32_t *field_width, int32_t fraction_digits,
+                           double date, double hour, double minute, double second);
 
 // expand with every locale item fetched through wzssglc into an item
 // buffer: the straightforward path the tests compare expand with.

@@ -7,7 +7,9 @@
 #include "corvinel/classic_dates.h"
 #include "corvinel/rounding.h"
 #include "nldate/date_frame.h"
+#include "locale/locale_records.h"
 #include "nldate/date_placement.h"
+#include "nldate/field_attempt.h"
 #include "nldate/pattern_expander.h"
 #include "nldate/short_numeric_form.h"
 
@@ -34,7 +36,8 @@ double rounded_to(double value, int32_t digits) {
 // digits from the request's decimals down to 0 (a date is expanded once),
 // kept when output expansion says it fits.  Returns 0 when the text was
 // placed, else the last result (1: the text was too long).
-int32_t try_pattern(fmtreq &request, ValueKind kind, int32_t selector, double value) {
+int32_t try_pattern(fmtreq &request, const locitem *record, const AttemptSession &session,
+                    ValueKind kind, int32_t selector, double value) {
   int32_t last = 0;
   // Attempts with more fraction digits than output expansion converts
   // units (200) cannot show their fraction, and a pattern without one
@@ -43,24 +46,13 @@ int32_t try_pattern(fmtreq &request, ValueKind kind, int32_t selector, double va
   const int32_t most = kind == ValueKind::Date ? std::min(request.decimals, 0)
                                                : std::min(request.decimals, kMostFractionDigits);
   for (int32_t digits = most; digits >= 0; --digits) {
-    char work[kWorkAreaSize];
-    int32_t length = kWorkAreaSize;
-    switch (kind) {
-      case ValueKind::Date:
-        last = zkfdate(request.locale, work, &length, nullptr, selector, value);
-        break;
-      case ValueKind::Datetime:
-        last = zkfdttm(request.locale, work, &length, nullptr, selector, digits,
-                       rounded_to(value, digits));
-        break;
-      case ValueKind::Time:
-        last = zkftime(request.locale, work, &length, nullptr, selector, digits,
-                       rounded_to(value, digits));
-        break;
-    }
-    if (last != kExpandFits) continue;
-    last = place_at_start(request, work, length, Accept::kWhole);
-    if (last <= 0) return 0;
+    EntryExpansion entry;
+    const double attempt_value = kind == ValueKind::Date ? value : rounded_to(value, digits);
+    last = entry.prepare(kind, record, nullptr, selector, digits, attempt_value);
+    if (last != 0) continue;
+    bool placed = false;
+    last = attempt_in_field(request, entry, Accept::kWhole, session, placed);
+    if (placed) return 0;
   }
   return last == 0 ? kExpandTooLong + 1 : last;
 }
@@ -100,10 +92,13 @@ int32_t render_fallback(fmtreq &request, Fallback fallback, double value) {
 // was too long, then the fallback.
 int32_t render_with_locale_patterns(fmtreq &request, const PatternFormat &format, double value) {
   if (format.kind == ValueKind::Time) value = brought_into_one_day(value);
-  int32_t last = try_pattern(request, format.kind, format.first_selector, value);
+  // The locale and the session are read once for every attempt of the call.
+  const locitem *record = locale::select_record(request.locale);
+  const AttemptSession session = read_attempt_session(request);
+  int32_t last = try_pattern(request, record, session, format.kind, format.first_selector, value);
   if (last == 0) return CORVINEL_OK;
   if (last == kExpandTooLong && format.second_selector != kNoPattern) {
-    last = try_pattern(request, format.kind, format.second_selector, value);
+    last = try_pattern(request, record, session, format.kind, format.second_selector, value);
     if (last == 0) return CORVINEL_OK;
   }
   return render_fallback(request, format.fallback, value);

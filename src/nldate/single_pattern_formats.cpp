@@ -10,7 +10,9 @@
 #include "frame/format_frame.h"
 #include "frame/registry.h"
 #include "locale/output_expansion.h"
+#include "locale/locale_records.h"
 #include "nldate/date_placement.h"
+#include "nldate/field_attempt.h"
 #include "nldate/date_value.h"
 #include "nldate/pattern_expander.h"
 #include "nldate/pattern_format.h"
@@ -126,15 +128,17 @@ int32_t render_single_pattern(fmtreq &request, const SinglePatternFormat &format
   const PatternEntry &entry = format.entries[0];
   const int32_t selector =
       entry.text != nullptr ? static_cast<int32_t>(std::strlen(entry.text)) : entry.selector;
-  char work[kWorkAreaSize];
-  int32_t length = kWorkAreaSize;
-  const int32_t expanded =
-      format.kind == ValueKind::Date
-          ? zkfdate(request.locale, work, &length, entry.text, selector, value)
-          : zkfdttm(request.locale, work, &length, entry.text, selector, request.decimals, value);
-  if (expanded != kExpandFits && expanded != kExpandTooLong) return locale::kExpansionImpossible;
-  const int32_t result = place_at_start(request, work, length, Accept::kShortened);
-  return result <= locale::kExpansionShortened ? CORVINEL_OK : result;
+  EntryExpansion expansion;
+  if (expansion.prepare(format.kind, locale::select_record(request.locale), entry.text, selector,
+                        request.decimals, value) != 0) {
+    return locale::kExpansionImpossible;
+  }
+  bool placed = false;
+  const int32_t result = attempt_in_field(request, expansion, Accept::kShortened,
+                                          read_attempt_session(request), placed);
+  if (placed) return CORVINEL_OK;
+  // An unknown directive counts as a text output expansion cannot convert.
+  return result < 0 ? locale::kExpansionImpossible : result;
 }
 
 int32_t single_pattern_frame(fmtreq *request, const SinglePatternFormat &format) {

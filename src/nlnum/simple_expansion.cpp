@@ -22,8 +22,6 @@ uint16_t hex_digit(char c) {
   return 0;  // deliberately: the escape is still taken
 }
 
-int utf8_length(uint16_t unit) { return unit < 0x80 ? 1 : unit < 0x800 ? 2 : 3; }
-
 char *write_utf8(uint16_t unit, char *out) {
   if (unit < 0x80) {
     *out++ = static_cast<char>(unit);
@@ -36,31 +34,6 @@ char *write_utf8(uint16_t unit, char *out) {
     *out++ = static_cast<char>(0x80 | (unit & 0x3F));
   }
   return out;
-}
-
-// The unit of the character at `at` (`remaining` bytes left in the text)
-// and the bytes it takes: an escape "<Uxxxx>" lying wholly inside the text
-// is one unit (the symbolic currency sign the currency marker), any other
-// byte is the unit of its value.
-int32_t next_unit(const char *at, int32_t remaining, uint16_t &unit) {
-  const auto byte = static_cast<unsigned char>(*at);
-  if (byte != '<' || remaining < kEscapeLength || (at[1] & ~0x20) != 'U' || at[6] != '>') {
-    unit = byte;
-    return 1;
-  }
-  unit = static_cast<uint16_t>(hex_digit(at[2]) << 12 | hex_digit(at[3]) << 8 |
-                               hex_digit(at[4]) << 4 | hex_digit(at[5]));
-  if (unit == kSymbolicCurrencySign) unit = kCurrencyMarker;
-  return kEscapeLength;
-}
-
-// Whether the shortcut writes `unit` in `codeset`: no surrogate halves, and
-// only the characters ISO-8859-1 and ASCII have.
-bool session_has(SessionCodeset codeset, uint16_t unit) {
-  if (unit >= 0xD800 && unit <= 0xDFFF) return false;
-  if (codeset == SessionCodeset::kLatin1) return unit < 0x100;
-  if (codeset == SessionCodeset::kAscii) return unit < 0x80;
-  return true;
 }
 
 void write_unit(SessionCodeset codeset, uint16_t unit, char *&out) {
@@ -106,6 +79,25 @@ int32_t expand_plain_ascii(int32_t outenc, int32_t *encout, char *buf, int32_t *
 
 }  // namespace
 
+int32_t next_symbolic_unit(const char *at, int32_t remaining, uint16_t &unit) {
+  const auto byte = static_cast<unsigned char>(*at);
+  if (byte != '<' || remaining < kEscapeLength || (at[1] & ~0x20) != 'U' || at[6] != '>') {
+    unit = byte;
+    return 1;
+  }
+  unit = static_cast<uint16_t>(hex_digit(at[2]) << 12 | hex_digit(at[3]) << 8 |
+                               hex_digit(at[4]) << 4 | hex_digit(at[5]));
+  if (unit == kSymbolicCurrencySign) unit = kCurrencyMarker;
+  return kEscapeLength;
+}
+
+bool session_has(SessionCodeset codeset, uint16_t unit) {
+  if (unit >= 0xD800 && unit <= 0xDFFF) return false;
+  if (codeset == SessionCodeset::kLatin1) return unit < 0x100;
+  if (codeset == SessionCodeset::kAscii) return unit < 0x80;
+  return true;
+}
+
 SessionCodeset read_session_codeset() {
   const char *name = nl_langinfo(CODESET);
   if (name == nullptr) return SessionCodeset::kOther;
@@ -136,7 +128,7 @@ int32_t encode_in_session(SessionCodeset codeset, std::string_view text, char *o
   const auto length = static_cast<int32_t>(text.size());
   for (int32_t i = 0; i < length;) {
     uint16_t unit;
-    i += next_unit(text.data() + i, length - i, unit);
+    i += next_symbolic_unit(text.data() + i, length - i, unit);
     if (!session_has(codeset, unit)) return -1;
     const int32_t bytes = codeset == SessionCodeset::kUtf8 ? utf8_length(unit) : 1;
     if (next - out + bytes > capacity) return -1;
@@ -164,7 +156,7 @@ int32_t expand_output(SessionCodeset codeset, int32_t outenc, int32_t *encout, c
   const int32_t length = *len;
   for (int32_t i = 0; i < length;) {
     uint16_t unit;
-    i += next_unit(buf + i, length - i, unit);
+    i += next_symbolic_unit(buf + i, length - i, unit);
     if (count == locale::kMaxUnits || !session_has(codeset, unit)) return general();
     units[count++] = unit;
     utf8_length_total += utf8_length(unit);

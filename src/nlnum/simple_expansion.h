@@ -32,6 +32,19 @@ SessionCodeset read_session_codeset();
 int32_t encode_in_session(SessionCodeset codeset, std::string_view text, char *out,
                           int32_t capacity);
 
+// The unit of the character at `at` (`remaining` bytes left in the text)
+// and the bytes it takes: an escape "<Uxxxx>" lying wholly inside the text
+// is one unit (the symbolic currency sign the currency marker), any other
+// byte is the unit of its value.
+int32_t next_symbolic_unit(const char *at, int32_t remaining, uint16_t &unit);
+
+// Whether the shortcut writes `unit` in `codeset`: no surrogate halves, and
+// only the characters ISO-8859-1 and ASCII have.
+bool session_has(SessionCodeset codeset, uint16_t unit);
+
+// The bytes of `unit` in UTF-8.
+inline int utf8_length(uint16_t unit) { return unit < 0x80 ? 1 : unit < 0x800 ? 2 : 3; }
+
 int32_t expand_output(SessionCodeset codeset, int32_t outenc, int32_t *encout, char *buf,
                       int32_t *len, int32_t width, int32_t capacity);
 

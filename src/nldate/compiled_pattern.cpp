@@ -1,0 +1,672 @@
+#include "nldate/compiled_pattern.h"
+
+#include <algorithm>
+#include <cstring>
+#include <string_view>
+
+#include "corvinel/weeks.h"
+#include "nldate/week_numbering.h"
+
+namespace corvinel::nldate {
+namespace {
+
+// Bounds of one compiled pattern.  Locale patterns use a handful of steps
+// and a few hundred bytes of names; a pattern past any bound is left to the
+// interpreting expander.
+constexpr int32_t kKeyCapacity = 192;   // pattern bytes remembered as the key
+constexpr int32_t kMaxSteps = 64;
+constexpr int32_t kMaxPieces = 96;
+constexpr int32_t kPoolCapacity = 1536;  // texts that are not read in place
+constexpr int32_t kMemoEntries = 8;      // compiled patterns kept per thread
+constexpr int32_t kEscapeTail = 6;       // bytes an escape "<Uxxxx>" runs on after its "<"
+constexpr int32_t kMostDigits = 20;      // digits of a 64-bit magnitude
+
+// A fixed text in the program's encoding, with the measures of the
+// symbolic text it stands for.  Null bytes: the text has no bytes in the
+// encoding that output expansion would certainly give (a character the
+// codeset lacks, a surrogate half, a "<" that an escape could join with
+// what follows); a call that needs it declines.
+struct Piece {
+  const char *bytes;
+  uint16_t length, symbolic, units, utf8;
+};
+
+enum class Op : uint8_t {
+  kPiece,          // the piece
+  kWeekdayName,    // the table of 7 from the piece, by weekday
+  kMonthName,      // the table of 12, by month
+  kQuarterName,    // the table of 4, by quarter
+  kMarker,         // morning and afternoon, by hour
+  kDay,            // numbers: width and pad as read
+  kMonth,
+  kDaysInHour,     // "%n"
+  kDayOfYear,
+  kYear,           // two groups; detail: the Era
+  kYearOfCentury,  // detail: the Era
+  kHour,           // "%H"; above 99 in full
+  kHourMidnight24, // "%K"
+  kClock12,        // "%I": 0 shown as 12
+  kClock12AsIs,    // "%L"
+  kMinute,
+  kSecond,         // detail 1: the fraction follows, after the piece (the separator)
+  kSundayWeek,     // "%U"
+  kWeekdayFromMonday,  // "%u"
+  kWeekdayFromSunday,  // "%w"
+  kMondayWeek,     // "%W"
+  kIsoWeek,        // "%V"
+  kIsoYear,        // "%G"
+  kIsoYearOfCentury,   // "%g"
+  kZoneOffset,     // "%z"
+};
+
+constexpr uint16_t kNoPiece = 0xFFFF;
+
+struct Step {
+  Op op;
+  char pad;
+  uint8_t width;
+  uint8_t detail;
+  uint16_t piece;
+};
+
+constexpr std::string_view kMissingMark = "**";
+
+}  // namespace
+
+struct CompiledPattern {
+  // The key.
+  bool filled;
+  bool beyond_bounds;  // remembered too: such a pattern is interpreted
+  PieceEncoding encoding;
+  const locitem *record;
+  int32_t key_length;
+  char key[kKeyCapacity];
+  // The program.
+  bool unknown_directive;
+  int32_t step_count, piece_count, pool_used;
+  int32_t fixed_bound;     // the longest text without fraction digits
+  int32_t fraction_steps;  // seconds that take a fraction
+  Step steps[kMaxSteps];
+  Piece pieces[kMaxPieces];
+  char pool[kPoolCapacity];
+};
+
+bool piece_encoding_of(nlnum::SessionCodeset codeset, PieceEncoding &encoding) noexcept {
+  switch (codeset) {
+    case nlnum::SessionCodeset::kUtf8:
+      encoding = PieceEncoding::kUtf8;
+      return true;
+    case nlnum::SessionCodeset::kLatin1:
+      encoding = PieceEncoding::kLatin1;
+      return true;
+    case nlnum::SessionCodeset::kAscii:
+      encoding = PieceEncoding::kAscii;
+      return true;
+    case nlnum::SessionCodeset::kOther:
+      break;
+  }
+  return false;
+}
+
+namespace {
+
+nlnum::SessionCodeset codeset_of(PieceEncoding encoding) {
+  switch (encoding) {
+    case PieceEncoding::kUtf8:
+      return nlnum::SessionCodeset::kUtf8;
+    case PieceEncoding::kLatin1:
+      return nlnum::SessionCodeset::kLatin1;
+    case PieceEncoding::kAscii:
+      return nlnum::SessionCodeset::kAscii;
+    case PieceEncoding::kSymbolic:
+      break;
+  }
+  return nlnum::SessionCodeset::kOther;
+}
+
+bool is_plain(std::string_view text) {
+  for (const char c : text) {
+    if (c == '<' || static_cast<unsigned char>(c) >= 0x80) return false;
+  }
+  return true;
+}
+
+// Builds one program in place; every add fails past the program's bounds.
+class Compiler {
+ public:
+  Compiler(CompiledPattern &program, const locitem *record) noexcept
+      : program_(program), items_(record) {}
+
+  // False when the pattern is beyond the program's bounds.
+  bool compile(const char *pattern, int32_t length) noexcept {
+    CompiledPattern &p = program_;
+    p.unknown_directive = false;
+    p.step_count = p.piece_count = p.pool_used = 0;
+    p.fixed_bound = p.fraction_steps = 0;
+    char work[kPatternBound];
+    const int32_t work_length = length <= 0 ? 0 : substitute_representations(items_, pattern, length, work);
+    if (work_length < 0) return unknown();
+    for (int32_t i = 0; i < work_length; ++i) {
+      if (work[i] != '%') {
+        if (!add_fixed({work + i, 1})) return false;
+        continue;
+      }
+      Directive d{};
+      if (!read_directive(work, work_length, i, era_, d)) return unknown();
+      const int result = add_directive(d);
+      if (result < 0) return unknown();
+      if (result == 0) return false;
+    }
+    return flush_fixed();
+  }
+
+ private:
+  bool unknown() noexcept {
+    program_.unknown_directive = true;
+    return true;
+  }
+
+  // Fixed text gathers until a step that depends on the value.
+  bool add_fixed(std::string_view text) noexcept {
+    if (fixed_length_ + static_cast<int32_t>(text.size()) > kPatternBound) return false;
+    std::memcpy(fixed_ + fixed_length_, text.data(), text.size());
+    fixed_length_ += static_cast<int32_t>(text.size());
+    return true;
+  }
+
+  bool flush_fixed() noexcept {
+    if (fixed_length_ == 0) return true;
+    const int32_t piece = add_piece({fixed_, static_cast<std::size_t>(fixed_length_)}, true);
+    fixed_length_ = 0;
+    return piece >= 0 && add_step({Op::kPiece, 0, 0, 0, static_cast<uint16_t>(piece)},
+                                  program_.pieces[piece].length);
+  }
+
+  bool add_step(Step step, int32_t bound) noexcept {
+    if (!flush_fixed()) return false;
+    CompiledPattern &p = program_;
+    if (p.step_count == kMaxSteps) return false;
+    p.steps[p.step_count++] = step;
+    p.fixed_bound += bound;
+    return true;
+  }
+
+  bool add_number(Op op, int32_t width, char pad, uint8_t detail = 0) noexcept {
+    return add_step({op, pad, static_cast<uint8_t>(width), detail, kNoPiece}, kMostDigits);
+  }
+
+  // A piece for `text` (symbolic notation).  `copy` when the text does not
+  // stay where it is (a work area); item texts are compiled-in constants
+  // and are read in place when the encoding leaves them as they are.
+  // Returns its index, or -1 past the bounds.
+  int32_t add_piece(std::string_view text, bool copy) noexcept {
+    CompiledPattern &p = program_;
+    if (p.piece_count == kMaxPieces || text.size() > 0xFFFF) return -1;
+    Piece piece{nullptr, 0, static_cast<uint16_t>(text.size()), 0, 0};
+    const auto length = static_cast<int32_t>(text.size());
+    bool encodable = true;
+    if (p.encoding == PieceEncoding::kSymbolic) {
+      piece.units = piece.utf8 = piece.symbolic;
+    } else {
+      const nlnum::SessionCodeset codeset = codeset_of(p.encoding);
+      int32_t units = 0, utf8 = 0;
+      for (int32_t i = 0; i < length;) {
+        uint16_t unit = 0;
+        if (text[i] == '<' && i >= length - kEscapeTail) encodable = false;  // could join the next text
+        i += nlnum::next_symbolic_unit(text.data() + i, length - i, unit);
+        // A NUL ends the text for some converters: left to output expansion.
+        if (unit == 0 || !nlnum::session_has(codeset, unit)) encodable = false;
+        ++units;
+        utf8 += nlnum::utf8_length(unit);
+      }
+      piece.units = static_cast<uint16_t>(units);
+      piece.utf8 = static_cast<uint16_t>(utf8);
+    }
+    if (encodable) {
+      const bool as_is = p.encoding == PieceEncoding::kSymbolic || is_plain(text);
+      if (as_is && !copy) {
+        piece.bytes = text.data();
+        piece.length = piece.symbolic;
+      } else {
+        char *at = p.pool + p.pool_used;
+        const int32_t room = kPoolCapacity - p.pool_used;
+        int32_t written = 0;
+        if (as_is) {
+          if (length > room) return -1;
+          if (length > 0) std::memcpy(at, text.data(), text.size());
+          written = length;
+        } else {
+          written = nlnum::encode_in_session(codeset_of(p.encoding), text, at, room);
+          if (written < 0) return -1;  // every character converts: only the room can fail
+        }
+        piece.bytes = at;
+        piece.length = static_cast<uint16_t>(written);
+        p.pool_used += written;
+      }
+    }
+    p.pieces[p.piece_count] = piece;
+    return p.piece_count++;
+  }
+
+  // The names base .. base + count - 1, each padded with blanks to the
+  // longest of them when `widest`; "**" for a name that cannot be fetched.
+  // Returns the first piece, or -1 past the bounds.
+  int32_t add_names(int32_t base, int32_t count, bool widest, int32_t &longest) noexcept {
+    std::size_t widest_length = 0;
+    if (widest) {
+      for (int32_t i = 0; i < count; ++i) {
+        if (const auto name = items_.get(base + i)) widest_length = std::max(widest_length, name->size());
+      }
+    }
+    const int32_t first = program_.piece_count;
+    longest = 0;
+    for (int32_t i = 0; i < count; ++i) {
+      const auto name = items_.get(base + i);
+      int32_t piece = -1;
+      if (!name) {
+        piece = add_piece(kMissingMark, false);
+      } else if (widest && name->size() < widest_length) {
+        char padded[2 * CORVINEL_LOCALE_TEXT];
+        std::memcpy(padded, name->data(), name->size());
+        std::memset(padded + name->size(), ' ', widest_length - name->size());
+        piece = add_piece({padded, widest_length}, true);
+      } else {
+        piece = add_piece(*name, false);
+      }
+      if (piece < 0) return -1;
+      longest = std::max<int32_t>(longest, program_.pieces[piece].length);
+    }
+    return first;
+  }
+
+  bool add_name_step(Op op, int32_t base, int32_t count, bool widest) noexcept {
+    if (!flush_fixed()) return false;
+    int32_t longest = 0;
+    const int32_t first = add_names(base, count, widest, longest);
+    return first >= 0 &&
+           add_step({op, 0, 0, 0, static_cast<uint16_t>(first)},
+                    std::max<int32_t>(longest, static_cast<int32_t>(kMissingMark.size())));
+  }
+
+  // The step or fixed text of one directive: 1 added, 0 past the bounds,
+  // -1 unknown.
+  int add_directive(const Directive &d) noexcept {
+    const char blank_pad = d.pad == 0 ? 0 : ' ';
+    switch (d.letter) {
+      case '%':
+        return add_fixed("%");
+      case 'A':
+      case 'F': {
+        int32_t base = 0;
+        if (d.lower) {
+          base = d.alternate ? kWeekdayAbbreviatedAlternate : kWeekdayAbbreviated;
+        } else {
+          base = d.alternate ? kWeekdayFullAlternate : kWeekdayFull;
+        }
+        if (!items_.get(base)) return add_fixed(kMissingMark);
+        return add_name_step(Op::kWeekdayName, base, 7, d.letter == 'F');
+      }
+      case 'B':
+        if (d.lower) return add_name_step(Op::kMonthName, d.alternate ? kMonthAbbreviatedAlternate : kMonthAbbreviated, 12, false);
+        return add_name_step(Op::kMonthName, d.alternate ? kMonthFullAlternate : kMonthFull, 12, false);
+      case 'C':
+        return add_name_step(Op::kMonthName, d.alternate ? kMonthFullAlternate : kMonthFull, 12, true);
+      case 'D':
+        return add_number(Op::kDay, 2, d.pad);
+      case 'E':
+        return add_number(Op::kDay, 2, blank_pad);
+      case 'N':
+        if (d.lower) return add_number(Op::kDaysInHour, 1, 0);
+        return add_number(Op::kMonth, 2, d.pad);
+      case 'O':
+        return add_number(Op::kMonth, 2, blank_pad);
+      case 'J':
+        return add_number(Op::kDayOfYear, 3, d.pad);
+      case 'Y': {
+        const auto era = static_cast<uint8_t>(era_ ? era_of_region(items_.get(kRegionCode)) : Era::kGregorian);
+        return add_number(d.lower ? Op::kYearOfCentury : Op::kYear, 2, d.pad, era);
+      }
+      case 'H':
+        return add_number(Op::kHour, 2, d.pad);
+      case 'K':
+        return add_number(Op::kHourMidnight24, 2, d.pad);
+      case 'I':
+        return add_number(Op::kClock12, 2, d.pad);
+      case 'L':
+        return add_number(Op::kClock12AsIs, 2, d.pad);
+      case 'M':
+        return add_number(Op::kMinute, 2, d.pad);
+      case 'S':
+        return add_second(d.pad, d.exact_second);
+      case 'T':
+        if (d.lower) return 1;
+        return add_number(Op::kHour, 2, d.pad) && add_fixed(":") &&
+               add_number(Op::kMinute, 2, d.pad) && add_fixed(":") && add_second(d.pad, false);
+      case 'P': {
+        if (!flush_fixed()) return 0;
+        const int32_t first = program_.piece_count;
+        const auto morning = items_.get(kMorning);
+        const auto afternoon = items_.get(kAfternoon);
+        if (add_piece(morning ? *morning : "AM", false) < 0) return 0;
+        if (add_piece(afternoon ? *afternoon : "PM", false) < 0) return 0;
+        const int32_t longest = std::max<int32_t>(
+            {program_.pieces[first].length, program_.pieces[first + 1].length, 2});
+        return add_step({Op::kMarker, 0, 0, 0, static_cast<uint16_t>(first)}, longest);
+      }
+      case 'Q': {
+        int32_t base = 0;
+        if (d.lower) {
+          base = d.alternate ? kQuarterShortAlternate : kQuarterShort;
+        } else {
+          base = d.alternate ? kQuarterLongAlternate : kQuarterLong;
+        }
+        if (!items_.get(base)) return add_fixed(kMissingMark);
+        return add_name_step(Op::kQuarterName, base, 4, false);
+      }
+      case 'U':
+        if (d.lower) return add_number(Op::kWeekdayFromMonday, 1, '0');
+        return add_number(Op::kSundayWeek, 2, d.pad);
+      case 'W':
+        if (d.lower) return add_number(Op::kWeekdayFromSunday, 1, '0');
+        return add_number(Op::kMondayWeek, 2, d.pad);
+      case 'V':
+        if (d.lower) return 1;
+        return add_number(Op::kIsoWeek, 2, d.pad);
+      case 'G':
+        return add_number(d.lower ? Op::kIsoYearOfCentury : Op::kIsoYear, 2, d.pad);
+      case 'Z':
+        if (d.lower) return add_step({Op::kZoneOffset, 0, 0, 0, kNoPiece}, kZoneOffsetLength);
+        return add_fixed("XST");
+      default:
+        return -1;  // "%R", "%r", a "%x" or "%X" in pass 2, any other byte
+    }
+  }
+
+  // The second; with `fraction` the decimal separator (when it can be
+  // fetched) and the fraction digits follow when a call asks for them.
+  bool add_second(char pad, bool fraction) noexcept {
+    uint16_t separator = kNoPiece;
+    int32_t bound = kMostDigits;
+    if (fraction) {
+      if (!flush_fixed()) return false;
+      if (const auto text = items_.get(kDecimalSeparator)) {
+        const int32_t piece = add_piece(*text, false);
+        if (piece < 0) return false;
+        separator = static_cast<uint16_t>(piece);
+        bound += program_.pieces[piece].length;
+      }
+      ++program_.fraction_steps;
+    }
+    return add_step({Op::kSecond, pad, 2, static_cast<uint8_t>(fraction ? 1 : 0), separator},
+                    bound);
+  }
+
+  CompiledPattern &program_;
+  RecordItems items_;
+  bool era_ = false;
+  int32_t fixed_length_ = 0;
+  char fixed_[kPatternBound];
+};
+
+// The text a call writes, with its measures.
+class Writer {
+ public:
+  explicit Writer(char *out) noexcept : start_(out), at_(out) {}
+
+  void put(const Piece &piece) noexcept {
+    std::memcpy(at_, piece.bytes, piece.length);
+    at_ += piece.length;
+    symbolic_ += piece.symbolic - piece.length;
+    units_ += piece.units - piece.length;
+    utf8_ += piece.utf8 - piece.length;
+  }
+  void put_ascii(std::string_view text) noexcept {
+    std::memcpy(at_, text.data(), text.size());
+    at_ += text.size();
+  }
+  void put_ascii(char c) noexcept { *at_++ = c; }
+  void put_missing() noexcept { put_ascii(kMissingMark); }
+  // Digits of a magnitude, as i2s writes them.
+  void put_number(uint64_t value, int32_t width, char pad) noexcept {
+    if (width == 2 && pad == '0' && value < 100) {
+      at_[0] = static_cast<char>('0' + value / 10);
+      at_[1] = static_cast<char>('0' + value % 10);
+      at_ += 2;
+      return;
+    }
+    at_ += write_digits(value, at_, std::min(width, kMostDigits), pad);
+  }
+  // A year as two groups of two digits with "0" padding, whatever the pad.
+  void put_two_groups(int64_t year) noexcept {
+    put_number(static_cast<uint64_t>(std::llabs(year / 100)), 2, '0');
+    put_number(static_cast<uint64_t>(std::llabs(year % 100)), 2, '0');
+  }
+
+  RenderedText finish() const noexcept {
+    const auto length = static_cast<int32_t>(at_ - start_);
+    return {RenderOutcome::kRendered, length, length + symbolic_, length + units_, length + utf8_};
+  }
+
+ private:
+  char *start_;
+  char *at_;
+  int32_t symbolic_ = 0, units_ = 0, utf8_ = 0;  // beyond the bytes written
+};
+
+constexpr RenderedText kDeclined{RenderOutcome::kDeclined, 0, 0, 0, 0};
+
+// The number of a week style, or -1 (shown "**") when get_yywwdd has none.
+void put_week(Writer &out, const Step &step, const Parts &parts, char style) noexcept {
+  double year = -1, week = -1, day = -1;
+  get_yywwdd(&style, nullptr, &year, &week, &day, parts.date);
+  if (year < 0 || week < 0) return out.put_missing();
+  if (step.op == Op::kMondayWeek || step.op == Op::kIsoWeek) {
+    return out.put_number(magnitude(week), 2, step.pad);
+  }
+  const int64_t y = whole(year);
+  if (step.op == Op::kIsoYearOfCentury) return out.put_number(static_cast<uint64_t>(y % 100), 2, step.pad);
+  out.put_two_groups(y);
+}
+
+// The pieces a name step chooses from.
+const Piece *chosen_name(const CompiledPattern &program, const Step &step, const Parts &parts,
+                         bool &missing, bool &declined) noexcept {
+  const Piece *table = program.pieces + step.piece;
+  const int32_t month = month_of(parts);
+  switch (step.op) {
+    case Op::kWeekdayName:
+      if (!parts.date_present) break;
+      // zwekday's weekdays before 1600 run below Sunday: interpreted.
+      if (parts.weekday < 0 || parts.weekday > 6) return declined = true, nullptr;
+      return table + parts.weekday;
+    case Op::kMonthName:
+      if (month < 1 || month > 12) break;
+      return table + (month - 1);
+    case Op::kQuarterName:
+      if (month < 1 || month > 12) break;
+      return table + (month - 1) / 3;
+    case Op::kMarker:
+      if (is_missing(parts.hour)) break;
+      return table + (magnitude(parts.hour) % 24 >= 12 ? 1 : 0);
+    default:
+      break;
+  }
+  missing = true;
+  return nullptr;
+}
+
+}  // namespace
+
+const CompiledPattern *compiled_pattern(const locitem *record, const char *pattern,
+                                        int32_t length, PieceEncoding encoding) noexcept {
+  if (pattern == nullptr || length < 0) length = 0;
+  if (length > kKeyCapacity) return nullptr;
+  thread_local CompiledPattern memo[kMemoEntries];
+  thread_local int32_t next_victim = 0;
+  for (CompiledPattern &entry : memo) {
+    if (entry.filled && entry.record == record && entry.encoding == encoding &&
+        entry.key_length == length && std::memcmp(entry.key, pattern, static_cast<std::size_t>(length)) == 0) {
+      return entry.beyond_bounds ? nullptr : &entry;
+    }
+  }
+  CompiledPattern &entry = memo[next_victim];
+  next_victim = (next_victim + 1) % kMemoEntries;
+  entry.filled = false;
+  entry.encoding = encoding;
+  entry.record = record;
+  entry.key_length = length;
+  if (length > 0) std::memcpy(entry.key, pattern, static_cast<std::size_t>(length));
+  Compiler compiler(entry, record);
+  entry.beyond_bounds = !compiler.compile(pattern, length);
+  entry.filled = true;
+  return entry.beyond_bounds ? nullptr : &entry;
+}
+
+RenderedText render(const CompiledPattern &program, const Parts &parts, int32_t fraction_digits,
+                    char *out) noexcept {
+  if (program.unknown_directive) return {RenderOutcome::kUnknownDirective, 0, 0, 0, 0};
+  const int32_t digits = std::max(fraction_digits, 0);
+  if (digits > kRenderCapacity ||
+      program.fixed_bound + program.fraction_steps * digits > kRenderCapacity) {
+    return kDeclined;
+  }
+  Writer text(out);
+  for (int32_t s = 0; s < program.step_count; ++s) {
+    const Step &step = program.steps[s];
+    switch (step.op) {
+      case Op::kPiece: {
+        const Piece &piece = program.pieces[step.piece];
+        if (piece.bytes == nullptr) return kDeclined;
+        text.put(piece);
+        break;
+      }
+      case Op::kWeekdayName:
+      case Op::kMonthName:
+      case Op::kQuarterName:
+      case Op::kMarker: {
+        bool missing = false, declined = false;
+        const Piece *name = chosen_name(program, step, parts, missing, declined);
+        if (declined || (name != nullptr && name->bytes == nullptr)) return kDeclined;
+        if (missing) {
+          text.put_missing();
+        } else {
+          text.put(*name);
+        }
+        break;
+      }
+      case Op::kDay:
+      case Op::kMonth: {
+        const double value = step.op == Op::kDay ? parts.day : parts.month;
+        if (is_missing(value)) {
+          text.put_missing();
+        } else {
+          text.put_number(magnitude(value), step.width, step.pad);
+        }
+        break;
+      }
+      case Op::kDaysInHour:
+        if (is_missing(parts.hour)) {
+          text.put_missing();
+        } else {
+          text.put_number(magnitude(parts.hour / 24), 1, 0);
+        }
+        break;
+      case Op::kDayOfYear:
+        if (!parts.date_present) {
+          text.put_missing();
+        } else {
+          text.put_number(magnitude(static_cast<double>(parts.day_of_year)), 3, step.pad);
+        }
+        break;
+      case Op::kYear:
+      case Op::kYearOfCentury: {
+        if (is_missing(parts.year)) {
+          text.put_missing();
+          break;
+        }
+        const int64_t year = whole(era_year(static_cast<Era>(step.detail), parts.year, parts.date));
+        if (step.op == Op::kYearOfCentury) {
+          text.put_number(static_cast<uint64_t>(std::llabs(year % 100)), 2, step.pad);
+        } else {
+          text.put_two_groups(year);
+        }
+        break;
+      }
+      case Op::kHour:
+      case Op::kHourMidnight24: {
+        if (is_missing(parts.hour)) {
+          text.put_missing();
+          break;
+        }
+        uint64_t hour = magnitude(parts.hour);
+        if (step.op == Op::kHourMidnight24 && hour == 0) hour = 24;
+        if (hour > 99) {
+          text.put_number(hour, 1, 0);  // in full
+        } else {
+          text.put_number(hour, 2, step.pad);
+        }
+        break;
+      }
+      case Op::kClock12:
+      case Op::kClock12AsIs: {
+        uint64_t hour = magnitude(parts.clock12);
+        if (step.op == Op::kClock12 && hour == 0) hour = 12;
+        text.put_number(hour, 2, step.pad);
+        break;
+      }
+      case Op::kMinute:
+        if (is_missing(parts.minute)) {
+          text.put_missing();
+        } else {
+          text.put_number(magnitude(parts.minute), 2, step.pad);
+        }
+        break;
+      case Op::kSecond: {
+        if (is_missing(parts.second)) {
+          text.put_missing();
+        } else {
+          text.put_number(magnitude(parts.second), 2, step.pad);
+        }
+        if (step.detail == 0 || digits == 0) break;
+        if (step.piece != kNoPiece) {
+          const Piece &separator = program.pieces[step.piece];
+          if (separator.bytes == nullptr) return kDeclined;
+          text.put(separator);
+        }
+        put_fraction_digits(parts.second, digits, [&text](char c) { text.put_ascii(c); });
+        break;
+      }
+      case Op::kSundayWeek:
+        text.put_number(magnitude(static_cast<double>(sunday_week(parts))), 2, step.pad);
+        break;
+      case Op::kWeekdayFromMonday:
+      case Op::kWeekdayFromSunday: {
+        if (!parts.date_present) {
+          text.put_missing();
+          break;
+        }
+        int64_t digit = parts.weekday;
+        if (step.op == Op::kWeekdayFromMonday && digit == 0) digit = 7;
+        text.put_number(static_cast<uint64_t>(std::llabs(digit)), 1, '0');
+        break;
+      }
+      case Op::kMondayWeek:
+        put_week(text, step, parts, 'W');
+        break;
+      case Op::kIsoWeek:
+      case Op::kIsoYear:
+      case Op::kIsoYearOfCentury:
+        put_week(text, step, parts, 'V');
+        break;
+      case Op::kZoneOffset: {
+        char offset[kZoneOffsetLength];
+        write_zone_offset(offset);
+        text.put_ascii({offset, sizeof offset});
+        break;
+      }
+    }
+  }
+  return text.finish();
+}
+
+}  // namespace corvinel::nldate

@@ -1,0 +1,67 @@
+// Date patterns compiled once per thread, locale record and encoding.
+//
+// Expanding a pattern means the same work on every call for everything but
+// the value: substituting "%x" and "%X", reading the directives and their
+// flags, fetching the names of the record, measuring the widest names,
+// resolving the era of the region and, for a format, expanding the names'
+// "<Uxxxx>" escapes into the session encoding.  A compiled pattern has all
+// of that done: a list of steps, each a fixed text (already in the
+// encoding), a table of names chosen by a part of the value, or a number.
+// A call only derives the value's parts and walks the steps.
+//
+// The bytes are those the interpreting expander (expand_with) writes,
+// followed, for a session encoding, by output expansion: where the compiled
+// form could differ it declines and the caller interprets the pattern.  The
+// tests compare the two over every directive in every locale.
+#pragma once
+
+#include <cstdint>
+
+#include "corvinel/locale_db.h"
+#include "nldate/expansion_steps.h"
+#include "nlnum/simple_expansion.h"
+
+namespace corvinel::nldate {
+
+// What the fixed texts of a compiled pattern hold: the symbolic text that
+// expand returns, or the bytes output expansion makes of it in a session
+// codeset that the expansion shortcut takes.
+enum class PieceEncoding : uint8_t { kSymbolic, kUtf8, kLatin1, kAscii };
+
+// The encoding of a session codeset; false for one the shortcut does not take.
+bool piece_encoding_of(nlnum::SessionCodeset codeset, PieceEncoding &encoding) noexcept;
+
+struct CompiledPattern;
+
+// The pattern (`length` bytes; null or 0 or less is the empty pattern)
+// compiled for `record` (null: no record, every item unfetchable) in
+// `encoding`, from this thread's memo of the last few, compiled on a miss.
+// Null when the pattern is beyond the compiled form's bounds (a longer
+// pattern, more steps or name bytes than it holds): the caller interprets
+// it.  Valid until the thread's next call.
+const CompiledPattern *compiled_pattern(const locitem *record, const char *pattern,
+                                        int32_t length, PieceEncoding encoding) noexcept;
+
+// The room render needs.
+inline constexpr int32_t kRenderCapacity = 1024;
+
+enum class RenderOutcome {
+  kRendered,
+  kUnknownDirective,  // expand returns -2
+  kDeclined,          // the compiled form cannot vouch for the bytes: interpret
+};
+
+struct RenderedText {
+  RenderOutcome outcome;
+  int32_t length;    // bytes written, in the program's encoding
+  int32_t symbolic;  // the length of the symbolic text these bytes stand for
+  int32_t units;     // its UTF-16 units, as output expansion counts them
+  int32_t utf8;      // its length in UTF-8
+};
+
+// The text of the pattern for the value's parts, into `out`
+// (kRenderCapacity bytes).
+RenderedText render(const CompiledPattern &program, const Parts &parts,
+                    int32_t fraction_digits, char *out) noexcept;
+
+}  // namespace corvinel::nldate

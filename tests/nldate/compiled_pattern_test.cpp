@@ -1,0 +1,282 @@
+// Compiled patterns against the interpreting expander: every directive with
+// every flag in every locale, as symbolic text; and every pattern item of
+// every locale laid into a format's field under four session codesets and
+// 16-bit delivery, against expansion of the interpreted text.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+#include <string>
+#include <vector>
+
+#include "corvinel/missing.h"
+#include "locale/locale_records.h"
+#include "nldate/expander_support.h"
+#include "nldate/expansion_steps.h"
+#include "nldate/field_attempt.h"
+#include "nldate/pattern_expander.h"
+#include "support/request_builder.h"
+#include "support/session_locales.h"
+
+namespace corvinel::testing {
+namespace {
+
+const double kMissing = std_miss_val;
+
+// Every letter the expander knows, each behind the same flags.
+std::string every_directive(const std::string &flags) {
+  std::string pattern = "<U00E9>|";
+  for (const char letter : std::string("aAbBcCdDeEfFgGhHiIjJkKlLmMnNoOpPqQsStTuUvVwWyYzZ%")) {
+    pattern += "%" + flags + letter + "|";
+  }
+  return pattern;
+}
+
+struct Clock {
+  double hour, minute, second;
+};
+
+// Dates where the parts change shape: before 1600 (weekdays below Sunday),
+// era boundaries, ISO week edges, the years the integer calendar leaves to
+// the host's routines, a fraction of a day, outside the range, missing.
+const double kDates[] = {
+    day_number(2003, 2, 24), day_number(1582, 1, 1),  day_number(1599, 12, 31),
+    day_number(2021, 1, 1),  day_number(1989, 1, 7), day_number(1989, 1, 8),
+    day_number(1911, 6, 1),  day_number(3999, 12, 31), day_number(4000, 3, 1),
+    6589335,                 day_number(2003, 2, 24) + 0.75, -138062,
+    kMissing};
+const Clock kClocks[] = {{0, 0, 0},        {12, 30, 5.996}, {13, 7, 9.125},
+                         {105, 59, 59.9995}, {23, 59, 0.5},  {kMissing, kMissing, kMissing}};
+
+TEST(CompiledPattern, SymbolicTextIsTheInterpretersText) {
+  std::vector<std::string> patterns;
+  for (const char *flags : {"", "#", "0", "5", "+", "?", "#?", "#5+?"}) {
+    patterns.push_back(every_directive(flags));
+  }
+  // Substitution, trailing blanks, escapes cut by the end, unknown directives.
+  for (const char *pattern : {"%x %X", "%Ec %x%X   ", "<U5E74", "%d <U", "", "   ", "%R", "%d%",
+                              "%#x", "%xx", "%k%+y%y %z"}) {
+    patterns.emplace_back(pattern);
+  }
+  char compiled[400], interpreted[400];
+  for (int32_t locale = 0; locale <= CORVINEL_LOCALE_RECORDS + 1; ++locale) {
+    const locitem *record = locale::select_record(locale);
+    for (const std::string &pattern : patterns) {
+      const auto length = static_cast<int32_t>(pattern.size());
+      for (std::size_t d = 0; d < std::size(kDates); ++d) {
+        const Clock &clock = kClocks[d % std::size(kClocks)];
+        for (const int32_t digits : {0, 3}) {
+          for (const int32_t width : {400, 11, -40, 0}) {
+            std::memset(compiled, '~', sizeof compiled);
+            std::memset(interpreted, '~', sizeof interpreted);
+            int32_t compiled_width = width, interpreted_width = width;
+            const bool length_only = width == 0;
+            const int32_t a = nldate::expand_in_record(
+                record, pattern.data(), length, length_only ? nullptr : compiled, &compiled_width,
+                digits, kDates[d], clock.hour, clock.minute, clock.second);
+            const int32_t b = nldate::expand_interpreted(
+                record, pattern.data(), length, length_only ? nullptr : interpreted,
+                &interpreted_width, digits, kDates[d], clock.hour, clock.minute, clock.second);
+            const auto where = [&] {
+              return "locale " + std::to_string(locale) + " pattern " + pattern + " date " +
+                     std::to_string(kDates[d]) + " width " + std::to_string(width);
+            };
+            ASSERT_EQ(a, b) << where();
+            ASSERT_EQ(compiled_width, interpreted_width) << where();
+            ASSERT_EQ(std::string(compiled, sizeof compiled),
+                      std::string(interpreted, sizeof interpreted))
+                << where();
+          }
+        }
+      }
+    }
+  }
+}
+
+struct Kind {
+  nldate::ValueKind kind;
+  std::vector<int32_t> selectors;
+  std::vector<double> values;
+};
+
+// The pattern items the formats expand, with the zone suffix where a format
+// asks for it, for values of each kind.
+std::vector<Kind> kinds() {
+  const double day = day_number(2003, 2, 24);
+  std::vector<int32_t> date_items;
+  for (int32_t item = 28; item <= 43; ++item) date_items.push_back(item);
+  return {
+      {nldate::ValueKind::Date, date_items, {day, day_number(1599, 6, 1), day_number(12345, 9, 30)}},
+      {nldate::ValueKind::Datetime,
+       {44, 46, 47, 48, 49, 50, 51, 53, 46 + 256, 50 + 256 + 4096, 53 + 256, 31, 36},
+       {day * 86400 + 45296.1256, day * 86400 + 86399.9996, -11928470400.0}},
+      {nldate::ValueKind::Time, {52, 53, 53 + 256}, {45296.125, 0.0, 200000.5}},
+  };
+}
+
+struct Attempt {
+  int32_t result;
+  bool placed;
+  int32_t outlen;
+  int64_t xcode_state;
+  std::string bytes;  // the whole buffer with its guards
+  bool guards_intact;
+};
+
+Attempt attempt(bool compiled, nldate::ValueKind kind, const locitem *record, int32_t selector,
+                int32_t digits, double value, int32_t width, int32_t capacity, int32_t encoding,
+                nldate::Accept accept) {
+  Request request(width, digits, value, capacity);
+  request.set_output_encoding(encoding);
+  nldate::EntryExpansion entry;
+  Attempt a{};
+  a.result = entry.prepare(kind, record, nullptr, selector, digits, value);
+  if (a.result == 0) {
+    a.result = compiled ? nldate::attempt_in_field(*request, entry, accept,
+                                                  nldate::read_attempt_session(*request), a.placed)
+                        : nldate::attempt_in_field_interpreted(*request, entry, accept, a.placed);
+  }
+  a.outlen = request->outlen;
+  a.xcode_state = request->xcode_state;
+  a.bytes.assign(request->output, static_cast<std::size_t>(capacity) + Request::kGuard);
+  a.guards_intact = request.guards_intact();
+  return a;
+}
+
+// The widths where a text's fate changes: one byte short, exact, one byte
+// over, the narrowest field and the work area's.
+std::vector<int32_t> telling_widths(int32_t length) {
+  std::vector<int32_t> widths{1, 320};
+  for (const int32_t w : {length - 1, length, length + 1}) {
+    if (w > 1 && w < 320) widths.push_back(w);
+  }
+  return widths;
+}
+
+TEST(FieldAttempt, LaysWhatOutputExpansionOfTheInterpretedTextGives) {
+  const char *saved = std::getenv("TZ");
+  const std::string restore = saved != nullptr ? saved : "";
+  setenv("TZ", "UTC0", 1);  // "%z" stays the same between the two paths
+  tzset();
+  for (const char *session_name : {kUtf8Locale, kLatin1Locale, kAsciiLocale, kEucJpLocale}) {
+    ScopedSessionLocale session(session_name);
+    ASSERT_TRUE(session.active()) << session_name;
+    for (int32_t locale = 1; locale <= CORVINEL_LOCALE_RECORDS; ++locale) {
+      const locitem *record = locale::select_record(locale);
+      for (const Kind &kind : kinds()) {
+        for (const int32_t selector : kind.selectors) {
+          for (const double value : kind.values) {
+            const int32_t digits = kind.kind == nldate::ValueKind::Date ? 0 : 3;
+            // The length of the text where it fits, to find the telling widths.
+            const Attempt wide = attempt(false, kind.kind, record, selector, digits, value, 320,
+                                         320, 0, nldate::Accept::kWhole);
+            for (const int32_t width : telling_widths(wide.placed ? wide.outlen : 40)) {
+              for (const auto accept : {nldate::Accept::kWhole, nldate::Accept::kShortened}) {
+                for (const int32_t encoding : {0, CORVINEL_ENC_UTF16LE}) {
+                  const int32_t capacity = encoding == 0 ? width : 2 * width + 7;
+                  const Attempt a = attempt(true, kind.kind, record, selector, digits, value,
+                                            width, capacity, encoding, accept);
+                  const Attempt b = attempt(false, kind.kind, record, selector, digits, value,
+                                            width, capacity, encoding, accept);
+                  const std::string where = std::string(session_name) + " locale " +
+                                            std::to_string(locale) + " selector " +
+                                            std::to_string(selector) + " value " +
+                                            std::to_string(value) + " width " +
+                                            std::to_string(width);
+                  ASSERT_EQ(a.result, b.result) << where;
+                  ASSERT_EQ(a.placed, b.placed) << where;
+                  ASSERT_EQ(a.outlen, b.outlen) << where;
+                  ASSERT_EQ(a.xcode_state, b.xcode_state) << where;
+                  ASSERT_EQ(a.bytes, b.bytes) << where;
+                  ASSERT_TRUE(a.guards_intact) << where;
+                }
+              }
+            }
+          }
+        }
+      }
+    }
+  }
+  if (saved != nullptr) {
+    setenv("TZ", restore.c_str(), 1);
+  } else {
+    unsetenv("TZ");
+  }
+  tzset();
+}
+
+// A record whose names end inside an escape that the pattern closes: the
+// pieces cannot be encoded one by one, and the text is what expansion makes
+// of the whole.
+TEST(FieldAttempt, EscapeSplitAcrossPiecesIsLeftToExpansion) {
+  std::vector<locitem> record(ORBlocaleData[0], ORBlocaleData[0] + CORVINEL_LOCALE_ITEMS);
+  for (int32_t month = 0; month < 12; ++month) record[71 + month] = {7, "Feb<U00"};
+  const std::string pattern = "%BE9>|%d";
+  const double day = day_number(2003, 2, 24);
+  for (const char *session_name : {kUtf8Locale, kLatin1Locale}) {
+    ScopedSessionLocale session(session_name);
+    ASSERT_TRUE(session.active()) << session_name;
+    for (const int32_t width : {3, 4, 8, 30}) {
+      std::string laid[2];
+      for (const bool compiled : {true, false}) {
+        Request request(width, 0, day);
+        nldate::EntryExpansion entry;
+        ASSERT_EQ(entry.prepare(nldate::ValueKind::Date, record.data(), pattern.data(),
+                                static_cast<int32_t>(pattern.size()), 0, day),
+                  0);
+        bool placed = false;
+        if (compiled) {
+          nldate::attempt_in_field(*request, entry, nldate::Accept::kShortened,
+                                   nldate::read_attempt_session(*request), placed);
+        } else {
+          nldate::attempt_in_field_interpreted(*request, entry, nldate::Accept::kShortened, placed);
+        }
+        laid[compiled ? 1 : 0] = request.text();
+      }
+      EXPECT_EQ(laid[1], laid[0]) << session_name << " " << width;
+    }
+    if (std::string(session_name) == kUtf8Locale) {
+      Request request(30, 0, day);
+      nldate::EntryExpansion entry;
+      entry.prepare(nldate::ValueKind::Date, record.data(), pattern.data(),
+                    static_cast<int32_t>(pattern.size()), 0, day);
+      bool placed = false;
+      nldate::attempt_in_field(*request, entry, nldate::Accept::kWhole,
+                               nldate::read_attempt_session(*request), placed);
+      EXPECT_EQ(request.text(), "Feb\xC3\xA9|24");
+    }
+  }
+}
+
+// The zone offset remembered per thread is the one worked out afresh, under
+// zones set and changed between calls, unset, and longer than the memo keeps.
+TEST(ZoneOffset, RememberedOffsetFollowsTz) {
+  const char *saved = std::getenv("TZ");
+  const std::string restore = saved != nullptr ? saved : "";
+  const std::string long_zone = "<" + std::string(80, 'A') + ">-3";
+  for (const char *zone : {"UTC0", "EST5", "EST5EDT,M3.2.0,M11.1.0", "IST-5:30", "NST3:30", "",
+                           static_cast<const char *>(nullptr), long_zone.c_str(), "EST5"}) {
+    if (zone != nullptr) {
+      setenv("TZ", zone, 1);
+    } else {
+      unsetenv("TZ");
+    }
+    for (int i = 0; i < 3; ++i) {
+      char remembered[nldate::kZoneOffsetLength], afresh[nldate::kZoneOffsetLength];
+      nldate::write_zone_offset(remembered);
+      nldate::write_zone_offset_uncached(afresh);
+      ASSERT_EQ(std::string(remembered, sizeof remembered), std::string(afresh, sizeof afresh))
+          << (zone != nullptr ? zone : "(unset)");
+    }
+  }
+  if (saved != nullptr) {
+    setenv("TZ", restore.c_str(), 1);
+  } else {
+    unsetenv("TZ");
+  }
+  tzset();
+}
+
+}  // namespace
+}  // namespace corvinel::testing
