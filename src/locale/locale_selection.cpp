@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "locale/environment_value.h"
 #include "locale/locale_records.h"
 
 namespace corvinel::locale {
@@ -54,7 +55,7 @@ const locitem *select_record(int32_t locale) noexcept {
   // separator, is never looked at); a shorter value is read as if padded
   // with NULs, which no code matches. Everything after the fifth character
   // (an encoding, a modifier) is ignored.
-  const char *value = std::getenv("ORB_LOCALE");
+  const char *value = orb_locale_value();
   if (value == nullptr) value = kDefaultLocale;
   char chosen[5] = {};
   for (std::size_t i = 0; i < sizeof chosen && value[i] != '\0'; ++i) chosen[i] = value[i];

@@ -21,15 +21,29 @@ constexpr int32_t kMemoEntries = 8;      // compiled patterns kept per thread
 constexpr int32_t kEscapeTail = 6;       // bytes an escape "<Uxxxx>" runs on after its "<"
 constexpr int32_t kMostDigits = 20;      // digits of a 64-bit magnitude
 
-// A fixed text in the program's encoding, with the measures of the
-// symbolic text it stands for.  Null bytes: the text has no bytes in the
-// encoding that output expansion would certainly give (a character the
-// codeset lacks, a surrogate half, a "<" that an escape could join with
-// what follows); a call that needs it declines.
+// The measures of a text packed in one word, 16 bits each, so that a call
+// sums them with one addition per piece: the symbolic text's length, its
+// UTF-16 units, its UTF-8 length and the bytes written.  Texts are at most
+// kRenderCapacity bytes, escapes 7 bytes a unit: no field overflows.
+constexpr uint64_t measures_of(int32_t symbolic, int32_t units, int32_t utf8, int32_t bytes) {
+  return static_cast<uint64_t>(symbolic) | static_cast<uint64_t>(units) << 16 |
+         static_cast<uint64_t>(utf8) << 32 | static_cast<uint64_t>(bytes) << 48;
+}
+
+// A fixed text in the program's encoding, in the program's pool, with the
+// measures of the symbolic text it stands for.  Null bytes: the text has
+// no bytes in the encoding that output expansion would certainly give (a
+// character the codeset lacks, a surrogate half, a "<" that an escape
+// could join with what follows); a call that needs it declines.
 struct Piece {
   const char *bytes;
-  uint16_t length, symbolic, units, utf8;
+  uint64_t measures;
+  uint16_t length;
 };
+
+// Pieces are copied in whole 16-byte blocks: the pool and the text a call
+// writes keep this much room past their last byte.
+constexpr int32_t kCopyBlock = kRenderBufferSize - kRenderCapacity;
 
 enum class Op : uint8_t {
   kPiece,          // the piece
@@ -83,12 +97,14 @@ struct CompiledPattern {
   char key[kKeyCapacity];
   // The program.
   bool unknown_directive;
+  bool declines;    // a fixed piece or separator has no bytes in the encoding
+  bool reads_date;  // a step reads the date's parts
   int32_t step_count, piece_count, pool_used;
   int32_t fixed_bound;     // the longest text without fraction digits
   int32_t fraction_steps;  // seconds that take a fraction
   Step steps[kMaxSteps];
   Piece pieces[kMaxPieces];
-  char pool[kPoolCapacity];
+  char pool[kPoolCapacity + kCopyBlock];
 };
 
 bool piece_encoding_of(nlnum::SessionCodeset codeset, PieceEncoding &encoding) noexcept {
@@ -131,6 +147,25 @@ bool is_plain(std::string_view text) {
   return true;
 }
 
+// Whether a step reads the date's parts.
+bool reads_the_date(Op op) noexcept {
+  switch (op) {
+    case Op::kPiece:
+    case Op::kMarker:
+    case Op::kDaysInHour:
+    case Op::kHour:
+    case Op::kHourMidnight24:
+    case Op::kClock12:
+    case Op::kClock12AsIs:
+    case Op::kMinute:
+    case Op::kSecond:
+    case Op::kZoneOffset:
+      return false;
+    default:
+      return true;
+  }
+}
+
 // Builds one program in place; every add fails past the program's bounds.
 class Compiler {
  public:
@@ -141,6 +176,7 @@ class Compiler {
   bool compile(const char *pattern, int32_t length) noexcept {
     CompiledPattern &p = program_;
     p.unknown_directive = false;
+    p.declines = p.reads_date = false;
     p.step_count = p.piece_count = p.pool_used = 0;
     p.fixed_bound = p.fraction_steps = 0;
     char work[kPatternBound];
@@ -176,7 +212,7 @@ class Compiler {
 
   bool flush_fixed() noexcept {
     if (fixed_length_ == 0) return true;
-    const int32_t piece = add_piece({fixed_, static_cast<std::size_t>(fixed_length_)}, true);
+    const int32_t piece = add_piece({fixed_, static_cast<std::size_t>(fixed_length_)});
     fixed_length_ = 0;
     return piece >= 0 && add_step({Op::kPiece, 0, 0, 0, static_cast<uint16_t>(piece)},
                                   program_.pieces[piece].length);
@@ -187,6 +223,12 @@ class Compiler {
     CompiledPattern &p = program_;
     if (p.step_count == kMaxSteps) return false;
     p.steps[p.step_count++] = step;
+    if (reads_the_date(step.op)) p.reads_date = true;
+    // A fixed text or separator is written on every call that reaches it.
+    if (step.op == Op::kPiece && p.pieces[step.piece].bytes == nullptr) p.declines = true;
+    if (step.op == Op::kSecond && step.piece != kNoPiece && p.pieces[step.piece].bytes == nullptr) {
+      p.declines = true;
+    }
     p.fixed_bound += bound;
     return true;
   }
@@ -195,21 +237,17 @@ class Compiler {
     return add_step({op, pad, static_cast<uint8_t>(width), detail, kNoPiece}, kMostDigits);
   }
 
-  // A piece for `text` (symbolic notation).  `copy` when the text does not
-  // stay where it is (a work area); item texts are compiled-in constants
-  // and are read in place when the encoding leaves them as they are.
+  // A piece for `text` (symbolic notation), its bytes in the pool.
   // Returns its index, or -1 past the bounds.
-  int32_t add_piece(std::string_view text, bool copy) noexcept {
+  int32_t add_piece(std::string_view text) noexcept {
     CompiledPattern &p = program_;
-    if (p.piece_count == kMaxPieces || text.size() > 0xFFFF) return -1;
-    Piece piece{nullptr, 0, static_cast<uint16_t>(text.size()), 0, 0};
+    if (p.piece_count == kMaxPieces || text.size() > kRenderCapacity) return -1;
     const auto length = static_cast<int32_t>(text.size());
+    int32_t units = length, utf8 = length;
     bool encodable = true;
-    if (p.encoding == PieceEncoding::kSymbolic) {
-      piece.units = piece.utf8 = piece.symbolic;
-    } else {
+    if (p.encoding != PieceEncoding::kSymbolic) {
       const nlnum::SessionCodeset codeset = codeset_of(p.encoding);
-      int32_t units = 0, utf8 = 0;
+      units = utf8 = 0;
       for (int32_t i = 0; i < length;) {
         uint16_t unit = 0;
         if (text[i] == '<' && i >= length - kEscapeTail) encodable = false;  // could join the next text
@@ -219,30 +257,24 @@ class Compiler {
         ++units;
         utf8 += nlnum::utf8_length(unit);
       }
-      piece.units = static_cast<uint16_t>(units);
-      piece.utf8 = static_cast<uint16_t>(utf8);
     }
+    Piece piece{nullptr, 0, 0};
     if (encodable) {
-      const bool as_is = p.encoding == PieceEncoding::kSymbolic || is_plain(text);
-      if (as_is && !copy) {
-        piece.bytes = text.data();
-        piece.length = piece.symbolic;
+      char *at = p.pool + p.pool_used;
+      const int32_t room = kPoolCapacity - p.pool_used;
+      int32_t written = 0;
+      if (p.encoding == PieceEncoding::kSymbolic || is_plain(text)) {
+        if (length > room) return -1;
+        if (length > 0) std::memcpy(at, text.data(), text.size());
+        written = length;
       } else {
-        char *at = p.pool + p.pool_used;
-        const int32_t room = kPoolCapacity - p.pool_used;
-        int32_t written = 0;
-        if (as_is) {
-          if (length > room) return -1;
-          if (length > 0) std::memcpy(at, text.data(), text.size());
-          written = length;
-        } else {
-          written = nlnum::encode_in_session(codeset_of(p.encoding), text, at, room);
-          if (written < 0) return -1;  // every character converts: only the room can fail
-        }
-        piece.bytes = at;
-        piece.length = static_cast<uint16_t>(written);
-        p.pool_used += written;
+        written = nlnum::encode_in_session(codeset_of(p.encoding), text, at, room);
+        if (written < 0) return -1;  // every character converts: only the room can fail
       }
+      piece.bytes = at;
+      piece.length = static_cast<uint16_t>(written);
+      piece.measures = measures_of(length, units, utf8, written);
+      p.pool_used += written;
     }
     p.pieces[p.piece_count] = piece;
     return p.piece_count++;
@@ -264,14 +296,14 @@ class Compiler {
       const auto name = items_.get(base + i);
       int32_t piece = -1;
       if (!name) {
-        piece = add_piece(kMissingMark, false);
+        piece = add_piece(kMissingMark);
       } else if (widest && name->size() < widest_length) {
         char padded[2 * CORVINEL_LOCALE_TEXT];
         std::memcpy(padded, name->data(), name->size());
         std::memset(padded + name->size(), ' ', widest_length - name->size());
-        piece = add_piece({padded, widest_length}, true);
+        piece = add_piece({padded, widest_length});
       } else {
-        piece = add_piece(*name, false);
+        piece = add_piece(*name);
       }
       if (piece < 0) return -1;
       longest = std::max<int32_t>(longest, program_.pieces[piece].length);
@@ -347,8 +379,8 @@ class Compiler {
         const int32_t first = program_.piece_count;
         const auto morning = items_.get(kMorning);
         const auto afternoon = items_.get(kAfternoon);
-        if (add_piece(morning ? *morning : "AM", false) < 0) return 0;
-        if (add_piece(afternoon ? *afternoon : "PM", false) < 0) return 0;
+        if (add_piece(morning ? *morning : "AM") < 0) return 0;
+        if (add_piece(afternoon ? *afternoon : "PM") < 0) return 0;
         const int32_t longest = std::max<int32_t>(
             {program_.pieces[first].length, program_.pieces[first + 1].length, 2});
         return add_step({Op::kMarker, 0, 0, 0, static_cast<uint16_t>(first)}, longest);
@@ -390,7 +422,7 @@ class Compiler {
     if (fraction) {
       if (!flush_fixed()) return false;
       if (const auto text = items_.get(kDecimalSeparator)) {
-        const int32_t piece = add_piece(*text, false);
+        const int32_t piece = add_piece(*text);
         if (piece < 0) return false;
         separator = static_cast<uint16_t>(piece);
         bound += program_.pieces[piece].length;
@@ -413,52 +445,85 @@ class Writer {
  public:
   explicit Writer(char *out) noexcept : start_(out), at_(out) {}
 
+  // In 16-byte blocks, which may write up to kCopyBlock - 1 bytes past the
+  // piece: render's output has that room.
   void put(const Piece &piece) noexcept {
-    std::memcpy(at_, piece.bytes, piece.length);
+    for (int32_t done = 0; done < piece.length; done += kCopyBlock) {
+      std::memcpy(at_ + done, piece.bytes + done, kCopyBlock);
+    }
     at_ += piece.length;
-    symbolic_ += piece.symbolic - piece.length;
-    units_ += piece.units - piece.length;
-    utf8_ += piece.utf8 - piece.length;
+    pieces_ += piece.measures;
   }
   void put_ascii(std::string_view text) noexcept {
     std::memcpy(at_, text.data(), text.size());
     at_ += text.size();
   }
   void put_ascii(char c) noexcept { *at_++ = c; }
-  void put_missing() noexcept { put_ascii(kMissingMark); }
+  void put_missing() noexcept {
+    at_[0] = at_[1] = '*';
+    at_ += 2;
+  }
   // Digits of a magnitude, as i2s writes them.
   void put_number(uint64_t value, int32_t width, char pad) noexcept {
-    if (width == 2 && pad == '0' && value < 100) {
-      at_[0] = static_cast<char>('0' + value / 10);
-      at_[1] = static_cast<char>('0' + value % 10);
-      at_ += 2;
-      return;
-    }
+    if (width == 2 && pad == '0' && value < 100) return put_two_digits(value);
     at_ += write_digits(value, at_, std::min(width, kMostDigits), pad);
+  }
+  void put_two_digits(uint64_t value) noexcept {
+    at_[0] = static_cast<char>('0' + value / 10);
+    at_[1] = static_cast<char>('0' + value % 10);
+    at_ += 2;
   }
   // A year as two groups of two digits with "0" padding, whatever the pad.
   void put_two_groups(int64_t year) noexcept {
     put_number(static_cast<uint64_t>(std::llabs(year / 100)), 2, '0');
     put_number(static_cast<uint64_t>(std::llabs(year % 100)), 2, '0');
   }
+  // A part of the value that may be missing ("**").
+  void put_part(double value, int32_t width, char pad) noexcept {
+    if (is_missing(value)) return put_missing();
+    put_number(magnitude(value), width, pad);
+  }
 
+  // Every byte not from a piece is ASCII: one unit, one byte everywhere.
   RenderedText finish() const noexcept {
     const auto length = static_cast<int32_t>(at_ - start_);
-    return {RenderOutcome::kRendered, length, length + symbolic_, length + units_, length + utf8_};
+    const auto field = [this](int shift) { return static_cast<int32_t>((pieces_ >> shift) & 0xFFFF); };
+    const int32_t ascii = length - field(48);
+    return {RenderOutcome::kRendered, length, field(0) + ascii, field(16) + ascii, field(32) + ascii};
   }
 
  private:
   char *start_;
   char *at_;
-  int32_t symbolic_ = 0, units_ = 0, utf8_ = 0;  // beyond the bytes written
+  uint64_t pieces_ = 0;  // the measures of the pieces written, summed
 };
 
 constexpr RenderedText kDeclined{RenderOutcome::kDeclined, 0, 0, 0, 0};
 
-// The number of a week style, or -1 (shown "**") when get_yywwdd has none.
-void put_week(Writer &out, const Step &step, const Parts &parts, char style) noexcept {
-  double year = -1, week = -1, day = -1;
-  get_yywwdd(&style, nullptr, &year, &week, &day, parts.date);
+// The date's parts as the steps read them: integers where the date lies
+// in the years the integer calendar splits, or missing.
+struct DayParts {
+  bool present;
+  int64_t year, month, day, day_of_year, weekday;
+  double date;  // 0 when missing, for the week numbers
+};
+
+// False for a date that is not missing but lies outside those years: its
+// parts come from the host's routines, and the interpreter renders it.
+bool day_parts_of(double date, DayParts &parts) noexcept {
+  CivilDay civil{};
+  if (civil_day_of(date, civil)) {
+    parts = {true, civil.year, civil.month, civil.day, civil.day_of_year, weekday_of(date), date};
+    return true;
+  }
+  parts = {false, 0, 0, 0, 0, -1, 0};
+  return is_missing(date);
+}
+
+// A week style's number or year, "**" when get_yywwdd has none.
+void put_week(Writer &out, const Step &step, const DayParts &day, char style) noexcept {
+  double year = -1, week = -1, weekday = -1;
+  get_yywwdd(&style, nullptr, &year, &week, &weekday, day.date);
   if (year < 0 || week < 0) return out.put_missing();
   if (step.op == Op::kMondayWeek || step.op == Op::kIsoWeek) {
     return out.put_number(magnitude(week), 2, step.pad);
@@ -468,32 +533,38 @@ void put_week(Writer &out, const Step &step, const Parts &parts, char style) noe
   out.put_two_groups(y);
 }
 
-// The pieces a name step chooses from.
-const Piece *chosen_name(const CompiledPattern &program, const Step &step, const Parts &parts,
-                         bool &missing, bool &declined) noexcept {
+// The name a name step chooses, "**" (missing) when the part it depends on
+// is missing, or declined.
+enum class NameChoice { kName, kMissing, kDeclined };
+
+NameChoice choose_name(const CompiledPattern &program, const Step &step, const DayParts &day,
+                       double hour, const Piece *&name) noexcept {
   const Piece *table = program.pieces + step.piece;
-  const int32_t month = month_of(parts);
+  int64_t index = -1;
   switch (step.op) {
     case Op::kWeekdayName:
-      if (!parts.date_present) break;
+      if (!day.present) return NameChoice::kMissing;
       // zwekday's weekdays before 1600 run below Sunday: interpreted.
-      if (parts.weekday < 0 || parts.weekday > 6) return declined = true, nullptr;
-      return table + parts.weekday;
+      if (day.weekday < 0) return NameChoice::kDeclined;
+      index = day.weekday;
+      break;
     case Op::kMonthName:
-      if (month < 1 || month > 12) break;
-      return table + (month - 1);
+      if (!day.present) return NameChoice::kMissing;
+      index = day.month - 1;
+      break;
     case Op::kQuarterName:
-      if (month < 1 || month > 12) break;
-      return table + (month - 1) / 3;
-    case Op::kMarker:
-      if (is_missing(parts.hour)) break;
-      return table + (magnitude(parts.hour) % 24 >= 12 ? 1 : 0);
-    default:
+      if (!day.present) return NameChoice::kMissing;
+      index = (day.month - 1) / 3;
+      break;
+    default:  // Op::kMarker
+      if (is_missing(hour)) return NameChoice::kMissing;
+      index = magnitude(hour) % 24 >= 12 ? 1 : 0;
       break;
   }
-  missing = true;
-  return nullptr;
+  name = table + index;
+  return name->bytes != nullptr ? NameChoice::kName : NameChoice::kDeclined;
 }
+
 
 }  // namespace
 
@@ -522,69 +593,74 @@ const CompiledPattern *compiled_pattern(const locitem *record, const char *patte
   return entry.beyond_bounds ? nullptr : &entry;
 }
 
-RenderedText render(const CompiledPattern &program, const Parts &parts, int32_t fraction_digits,
-                    char *out) noexcept {
+RenderedText render(const CompiledPattern &program, double date, double hour, double minute,
+                    double second, int32_t fraction_digits, char *out) noexcept {
   if (program.unknown_directive) return {RenderOutcome::kUnknownDirective, 0, 0, 0, 0};
   const int32_t digits = std::max(fraction_digits, 0);
-  if (digits > kRenderCapacity ||
+  if (program.declines || digits > kRenderCapacity ||
       program.fixed_bound + program.fraction_steps * digits > kRenderCapacity) {
     return kDeclined;
   }
+  DayParts day{false, 0, 0, 0, 0, -1, 0};
+  if (program.reads_date && !day_parts_of(date, day)) return kDeclined;
   Writer text(out);
   for (int32_t s = 0; s < program.step_count; ++s) {
     const Step &step = program.steps[s];
     switch (step.op) {
-      case Op::kPiece: {
-        const Piece &piece = program.pieces[step.piece];
-        if (piece.bytes == nullptr) return kDeclined;
-        text.put(piece);
+      case Op::kPiece:
+        text.put(program.pieces[step.piece]);
         break;
-      }
       case Op::kWeekdayName:
       case Op::kMonthName:
       case Op::kQuarterName:
       case Op::kMarker: {
-        bool missing = false, declined = false;
-        const Piece *name = chosen_name(program, step, parts, missing, declined);
-        if (declined || (name != nullptr && name->bytes == nullptr)) return kDeclined;
-        if (missing) {
-          text.put_missing();
-        } else {
-          text.put(*name);
+        const Piece *name = nullptr;
+        switch (choose_name(program, step, day, hour, name)) {
+          case NameChoice::kName:
+            text.put(*name);
+            break;
+          case NameChoice::kMissing:
+            text.put_missing();
+            break;
+          case NameChoice::kDeclined:
+            return kDeclined;
         }
         break;
       }
       case Op::kDay:
-      case Op::kMonth: {
-        const double value = step.op == Op::kDay ? parts.day : parts.month;
-        if (is_missing(value)) {
+      case Op::kMonth:
+        if (!day.present) {
           text.put_missing();
         } else {
-          text.put_number(magnitude(value), step.width, step.pad);
+          text.put_number(static_cast<uint64_t>(step.op == Op::kDay ? day.day : day.month),
+                          step.width, step.pad);
         }
         break;
-      }
       case Op::kDaysInHour:
-        if (is_missing(parts.hour)) {
+        if (is_missing(hour)) {
           text.put_missing();
         } else {
-          text.put_number(magnitude(parts.hour / 24), 1, 0);
+          text.put_number(magnitude(hour / 24), 1, 0);
         }
         break;
       case Op::kDayOfYear:
-        if (!parts.date_present) {
+        if (!day.present) {
           text.put_missing();
         } else {
-          text.put_number(magnitude(static_cast<double>(parts.day_of_year)), 3, step.pad);
+          text.put_number(static_cast<uint64_t>(day.day_of_year), 3, step.pad);
         }
         break;
       case Op::kYear:
       case Op::kYearOfCentury: {
-        if (is_missing(parts.year)) {
+        if (!day.present) {
           text.put_missing();
           break;
         }
-        const int64_t year = whole(era_year(static_cast<Era>(step.detail), parts.year, parts.date));
+        const auto era = static_cast<Era>(step.detail);
+        const int64_t year =
+            era == Era::kGregorian
+                ? day.year
+                : whole(era_year(era, static_cast<double>(day.year), day.date));
         if (step.op == Op::kYearOfCentury) {
           text.put_number(static_cast<uint64_t>(std::llabs(year % 100)), 2, step.pad);
         } else {
@@ -594,69 +670,57 @@ RenderedText render(const CompiledPattern &program, const Parts &parts, int32_t 
       }
       case Op::kHour:
       case Op::kHourMidnight24: {
-        if (is_missing(parts.hour)) {
+        if (is_missing(hour)) {
           text.put_missing();
           break;
         }
-        uint64_t hour = magnitude(parts.hour);
-        if (step.op == Op::kHourMidnight24 && hour == 0) hour = 24;
-        if (hour > 99) {
-          text.put_number(hour, 1, 0);  // in full
+        uint64_t shown = magnitude(hour);
+        if (step.op == Op::kHourMidnight24 && shown == 0) shown = 24;
+        if (shown > 99) {
+          text.put_number(shown, 1, 0);  // in full
         } else {
-          text.put_number(hour, 2, step.pad);
+          text.put_number(shown, 2, step.pad);
         }
         break;
       }
       case Op::kClock12:
       case Op::kClock12AsIs: {
-        uint64_t hour = magnitude(parts.clock12);
-        if (step.op == Op::kClock12 && hour == 0) hour = 12;
-        text.put_number(hour, 2, step.pad);
+        uint64_t shown = magnitude(clock12_of(hour));
+        if (step.op == Op::kClock12 && shown == 0) shown = 12;
+        text.put_number(shown, 2, step.pad);
         break;
       }
       case Op::kMinute:
-        if (is_missing(parts.minute)) {
-          text.put_missing();
-        } else {
-          text.put_number(magnitude(parts.minute), 2, step.pad);
-        }
+        text.put_part(minute, 2, step.pad);
         break;
-      case Op::kSecond: {
-        if (is_missing(parts.second)) {
-          text.put_missing();
-        } else {
-          text.put_number(magnitude(parts.second), 2, step.pad);
-        }
+      case Op::kSecond:
+        text.put_part(second, 2, step.pad);
         if (step.detail == 0 || digits == 0) break;
-        if (step.piece != kNoPiece) {
-          const Piece &separator = program.pieces[step.piece];
-          if (separator.bytes == nullptr) return kDeclined;
-          text.put(separator);
-        }
-        put_fraction_digits(parts.second, digits, [&text](char c) { text.put_ascii(c); });
+        if (step.piece != kNoPiece) text.put(program.pieces[step.piece]);
+        put_fraction_digits(second, digits, [&text](char c) { text.put_ascii(c); });
         break;
-      }
       case Op::kSundayWeek:
-        text.put_number(magnitude(static_cast<double>(sunday_week(parts))), 2, step.pad);
+        text.put_number(magnitude(static_cast<double>(sunday_week(day.date, day.day_of_year))), 2,
+                        step.pad);
         break;
       case Op::kWeekdayFromMonday:
       case Op::kWeekdayFromSunday: {
-        if (!parts.date_present) {
+        if (!day.present) {
           text.put_missing();
           break;
         }
-        int64_t digit = parts.weekday;
+        int64_t digit = day.weekday;
         if (step.op == Op::kWeekdayFromMonday && digit == 0) digit = 7;
         text.put_number(static_cast<uint64_t>(std::llabs(digit)), 1, '0');
         break;
       }
       case Op::kMondayWeek:
-        put_week(text, step, parts, 'W');
+        put_week(text, step, day, 'W');
         break;
       case Op::kIsoWeek:
       case Op::kIsoYear:
       case Op::kIsoYearOfCentury:
-        put_week(text, step, parts, 'V');
+        put_week(text, step, day, 'V');
         break;
       case Op::kZoneOffset: {
         char offset[kZoneOffsetLength];

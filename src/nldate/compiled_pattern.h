@@ -42,8 +42,10 @@ struct CompiledPattern;
 const CompiledPattern *compiled_pattern(const locitem *record, const char *pattern,
                                         int32_t length, PieceEncoding encoding) noexcept;
 
-// The room render needs.
+// The longest text render writes, and the room it needs for it: pieces are
+// copied in blocks that may run 15 bytes past the text.
 inline constexpr int32_t kRenderCapacity = 1024;
+inline constexpr int32_t kRenderBufferSize = kRenderCapacity + 16;
 
 enum class RenderOutcome {
   kRendered,
@@ -59,9 +61,9 @@ struct RenderedText {
   int32_t utf8;      // its length in UTF-8
 };
 
-// The text of the pattern for the value's parts, into `out`
-// (kRenderCapacity bytes).
-RenderedText render(const CompiledPattern &program, const Parts &parts,
-                    int32_t fraction_digits, char *out) noexcept;
+// The text of the pattern for the value split as expand takes it (each part
+// may be missing), into `out` (kRenderBufferSize bytes).
+RenderedText render(const CompiledPattern &program, double date, double hour, double minute,
+                    double second, int32_t fraction_digits, char *out) noexcept;
 
 }  // namespace corvinel::nldate

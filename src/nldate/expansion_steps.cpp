@@ -5,6 +5,7 @@
 
 #include "corvinel/calendar.h"
 #include "corvinel/missing.h"
+#include "locale/environment_value.h"
 #include "nldate/week_numbering.h"
 
 namespace corvinel::nldate {
@@ -24,20 +25,20 @@ constexpr Reign reigns[4] = {
     {10600, 1989},   // 8 January 1989
 };
 
-// Year, month, day and day of year of a day number whose year lies before
-// 4000, where the calendar is the proleptic Gregorian one: days counted
-// from 1 March of year 0 split into 400-year eras (the civil-from-days
-// algorithm), in integers, instead of the general routines' floating-point
-// steps.  The 4000-year rule starts to matter only in year 4000.
-struct CivilDay {
-  int64_t year, month, day, day_of_year;
-};
-
 constexpr int64_t kDaysFromMarch0ToEpoch = 715815;  // 1 March of year 0 to 1 January 1960
 constexpr int64_t kFirstValidDay = -138061;         // 1 January 1582
 constexpr int64_t kLastDayBefore4000 = 745094;      // 31 December 3999
 
-CivilDay civil_day(int64_t day_number) noexcept {
+}  // namespace
+
+// Days counted from 1 March of year 0 split into 400-year eras (the
+// civil-from-days algorithm).  The 4000-year rule starts to matter only in
+// year 4000.
+bool civil_day_of(double date, CivilDay &civil) noexcept {
+  if (!(date >= kFirstValidDay && date < kLastDayBefore4000 + 1)) return false;
+  // The conversion drops the fraction toward zero; one less below zero floors it.
+  auto day_number = static_cast<int64_t>(date);
+  if (static_cast<double>(day_number) > date) --day_number;
   const int64_t days = day_number + kDaysFromMarch0ToEpoch;  // positive in range
   const int64_t era = days / 146097;
   const int64_t day_of_era = days - era * 146097;
@@ -46,7 +47,6 @@ CivilDay civil_day(int64_t day_number) noexcept {
   const int64_t day_of_march_year =
       day_of_era - (365 * year_of_era + year_of_era / 4 - year_of_era / 100);
   const int64_t shifted_month = (5 * day_of_march_year + 2) / 153;  // 0 = March
-  CivilDay civil{};
   civil.day = day_of_march_year - (153 * shifted_month + 2) / 5 + 1;
   civil.month = shifted_month < 10 ? shifted_month + 3 : shifted_month - 9;
   civil.year = year_of_era + era * 400 + (civil.month <= 2 ? 1 : 0);
@@ -55,29 +55,20 @@ CivilDay civil_day(int64_t day_number) noexcept {
   // close the March-based year before.
   civil.day_of_year = shifted_month < 10 ? day_of_march_year + 60 + (leap ? 1 : 0)
                                          : day_of_march_year - 305;
-  return civil;
+  return true;
 }
-
-}  // namespace
 
 Parts derive_parts(double date, double hour, double minute, double second) noexcept {
   Parts p{};
   p.year = p.month = p.day = std_miss_val;
-  // The day of a date in the integer calendar's years: the conversion
-  // drops the fraction toward zero, one less below zero floors it.
-  if (date >= kFirstValidDay && date < kLastDayBefore4000 + 1) {
-    auto day = static_cast<int64_t>(date);
-    if (static_cast<double>(day) > date) --day;
-    const CivilDay civil = civil_day(day);
+  CivilDay civil{};
+  if (civil_day_of(date, civil)) {
     p.date_present = true;
     p.day_of_year = civil.day_of_year;
     p.year = static_cast<double>(civil.year);
     p.month = static_cast<double>(civil.month);
     p.day = static_cast<double>(civil.day);
-    // zwekday - 1 without its checks, which every day here passes: days
-    // counted from 2 January 1600, a Sunday, with the remainder toward zero
-    // that zwekday keeps for the years before.
-    p.weekday = static_cast<int64_t>(date + 131486) % 7;
+    p.weekday = weekday_of(date);
   } else {
     const double julian = is_missing(date) ? std_miss_val : zjuldat(date);
     p.date_present = !is_missing(julian);
@@ -89,13 +80,12 @@ Parts derive_parts(double date, double hour, double minute, double second) noexc
   p.hour = hour;
   p.minute = minute;
   p.second = second;
-  p.clock12 = is_missing(hour) ? 0 : (hour <= 12.0 ? hour : std::fmod(hour, 12.0));
+  p.clock12 = clock12_of(hour);
   return p;
 }
 
-int64_t sunday_week(const Parts &parts) noexcept {
-  const double date = parts.date;
-  const double first_of_year = date - static_cast<double>(parts.day_of_year) + 1;
+int64_t sunday_week(double date, int64_t day_of_year) noexcept {
+  const double first_of_year = date - static_cast<double>(day_of_year) + 1;
   const int64_t weekday = whole(zwekday(first_of_year));
   const double first_sunday =
       weekday == 1 ? first_of_year : first_of_year - static_cast<double>(weekday) + 8;
@@ -210,7 +200,7 @@ void write_zone_offset_uncached(char *out) noexcept {
 void write_zone_offset(char *out) noexcept {
   thread_local ZoneMemo memo;
   const time_t now = time(nullptr);
-  const char *zone = std::getenv("TZ");
+  const char *zone = locale::environment_value("TZ=", 3);
   const std::size_t zone_length = zone != nullptr ? std::strlen(zone) : 0;
   if (memo.filled && memo.second == now && memo.zone_set == (zone != nullptr) &&
       memo.zone_length == zone_length &&

@@ -89,6 +89,26 @@ struct Parts {
 
 Parts derive_parts(double date, double hour, double minute, double second) noexcept;
 
+// The 12-hour clock value of an hour: the hour itself up to 12 (so 12
+// stays 12 and 0 stays 0), else the hour modulo 12; 0 for a missing hour.
+inline double clock12_of(double hour) noexcept {
+  return is_missing(hour) ? 0 : (hour <= 12.0 ? hour : std::fmod(hour, 12.0));
+}
+
+// Year, month, day and day of year of the day `date` falls on, when its
+// year lies in 1582..3999: there the calendar is the proleptic Gregorian
+// one and the split takes integers only.  False for any other date (the
+// host's routines then split it), NaNs included.
+struct CivilDay {
+  int64_t year, month, day, day_of_year;
+};
+bool civil_day_of(double date, CivilDay &civil) noexcept;
+
+// zwekday(date) - 1 for a date civil_day_of splits, without zwekday's
+// checks: days counted from 2 January 1600, a Sunday, with the remainder
+// toward zero that zwekday keeps for the years before.
+inline int64_t weekday_of(double date) noexcept { return static_cast<int64_t>(date + 131486) % 7; }
+
 // The month of the date, or 0 when it is missing.
 inline int32_t month_of(const Parts &parts) noexcept {
   return is_missing(parts.month) ? 0 : static_cast<int32_t>(parts.month);
@@ -96,7 +116,7 @@ inline int32_t month_of(const Parts &parts) noexcept {
 
 // Week of the year with weeks starting on Sunday; days before the first
 // Sunday are week 0.
-int64_t sunday_week(const Parts &parts) noexcept;
+int64_t sunday_week(double date, int64_t day_of_year) noexcept;
 
 // The calendar whose years "%+Y" and "%+y" show, from the locale's
 // two-letter region code.

@@ -51,10 +51,9 @@ int32_t attempt_in_field(fmtreq &request, const EntryExpansion &entry, Accept ac
   if (session.compiled) {
     if (const CompiledPattern *program = compiled_pattern(entry.record(), entry.pattern(),
                                                           entry.pattern_length(), session.encoding)) {
-      char text[kRenderCapacity];
+      char text[kRenderBufferSize];
       const RenderedText rendered =
-          render(*program,
-                 derive_parts(entry.date(), entry.hour(), entry.minute(), entry.second()),
+          render(*program, entry.date(), entry.hour(), entry.minute(), entry.second(),
                  entry.fraction_digits(), text);
       placed = false;
       if (rendered.outcome == RenderOutcome::kUnknownDirective) return kExpandUnknownDirective;

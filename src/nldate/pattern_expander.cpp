@@ -167,7 +167,7 @@ class Expansion {
         if (d.lower) {
           put_weekday_digit(true);
         } else {
-          out_.put_number(magnitude(static_cast<double>(sunday_week(parts_))), 2, d.pad);
+          out_.put_number(magnitude(static_cast<double>(sunday_week(parts_.date, parts_.day_of_year))), 2, d.pad);
         }
         return true;
       case 'W':
@@ -402,9 +402,9 @@ int32_t expand_in_record(const locitem *record, const char *pattern, int32_t pat
   // The pattern compiled for this record once per thread, when it can be.
   if (const CompiledPattern *program =
           compiled_pattern(record, pattern, pattern_length, PieceEncoding::kSymbolic)) {
-    char text[kRenderCapacity];
+    char text[kRenderBufferSize];
     const RenderedText rendered =
-        render(*program, derive_parts(date, hour, minute, second), fraction_digits, text);
+        render(*program, date, hour, minute, second, fraction_digits, text);
     if (rendered.outcome == RenderOutcome::kUnknownDirective) return kExpandUnknownDirective;
     if (rendered.outcome == RenderOutcome::kRendered) {
       return place_in_field(text, rendered.length, output, field_width);
