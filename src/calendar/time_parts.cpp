@@ -4,11 +4,13 @@
 #include <cmath>
 
 #include "calendar/calendar_rules.h"
+#include "calendar/time_split.h"
 #include "corvinel/calendar.h"
 #include "corvinel/missing.h"
 
 namespace {
 
+using corvinel::calendar::exact_remainder;
 using corvinel::calendar::is_valid_seconds;
 
 constexpr double kDay = 86400;
@@ -17,49 +19,66 @@ constexpr double kFirstSecondMagnitude = -corvinel::calendar::kFirstSecond;
 
 bool usable(double seconds) { return !zmiss(seconds) && is_valid_seconds(seconds); }
 
-// The seconds into the day that zminute and zsecond look at: for a negative
-// count, the day's length less the magnitude of the remainder.
-double seconds_into_day(double seconds) {
-  const double r = std::fmod(seconds, kDay);
-  return seconds < 0 ? kDay - std::fabs(r) : r;
-}
-
-}  // namespace
-
-extern "C" {
-
-double zhour(double seconds) {
-  if (!usable(seconds)) return std_miss_val;
-  double r = std::fmod(seconds, kDay);
+// The parts of a usable count from its remainder by the day r: the hour,
+// and the seconds into the day that the minute and second look at (for a
+// negative count, the day's length less the magnitude of the remainder).
+double hour_of(double r) {
   if (r < 0) r += kDay;
   // A remainder just below zero (-1e-12) rounds to a whole day when the day
   // is added; it belongs to hour 0, where zminute and zsecond put it too.
   if (r >= kDay) r = 0;
   return std::trunc(std::fabs(r / 3600));
 }
+double seconds_into_day(double seconds, double r) { return seconds < 0 ? kDay - std::fabs(r) : r; }
+double minute_of(double into_day) { return std::trunc(std::trunc(exact_remainder(into_day, 3600)) / 60); }
+double second_of(double into_day) { return exact_remainder(into_day, 60); }
+
+// The floor of datetime / 86400, taken on the non-negative count from
+// 1 January 1582 so that truncation and floor agree.
+double date_of(double datetime) {
+  return std::trunc((std::floor(datetime) + kFirstSecondMagnitude) / kDay) -
+         static_cast<double>(-corvinel::calendar::kFirstDay);
+}
+
+}  // namespace
+
+namespace corvinel::calendar {
+
+ClockParts split_seconds(double seconds) {
+  if (!usable(seconds)) return {std_miss_val, std_miss_val, std_miss_val, std_miss_val};
+  const double r = exact_remainder(seconds, kDay);
+  const double into_day = seconds_into_day(seconds, r);
+  return {date_of(seconds), hour_of(r), minute_of(into_day), second_of(into_day)};
+}
+
+}  // namespace corvinel::calendar
+
+extern "C" {
+
+double zhour(double seconds) {
+  if (!usable(seconds)) return std_miss_val;
+  return hour_of(exact_remainder(seconds, kDay));
+}
 
 double zminute(double seconds) {
   if (!usable(seconds)) return std_miss_val;
-  return std::trunc(std::trunc(std::fmod(seconds_into_day(seconds), 3600)) / 60);
+  return minute_of(seconds_into_day(seconds, exact_remainder(seconds, kDay)));
 }
 
 double zsecond(double seconds) {
   if (!usable(seconds)) return std_miss_val;
-  return std::fmod(seconds_into_day(seconds), 60);
+  return second_of(seconds_into_day(seconds, exact_remainder(seconds, kDay)));
 }
 
-// The floor of datetime / 86400, taken on the non-negative count from
-// 1 January 1582 so that truncation and floor agree.
 double zdatprt(double datetime) {
   if (!usable(datetime)) return std_miss_val;
-  return std::trunc((std::floor(datetime) + kFirstSecondMagnitude) / kDay) -
-         static_cast<double>(-corvinel::calendar::kFirstDay);
+  return date_of(datetime);
 }
 
 double ztimprt(double datetime) {
   if (!usable(datetime)) return std_miss_val;
   if (datetime <= 0) datetime += kFirstSecondMagnitude;
-  return std::fmod(datetime, kDay);
+  return exact_remainder(datetime, kDay);
 }
 
 }  // extern "C"

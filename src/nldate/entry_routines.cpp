@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstring>
 
+#include "calendar/time_split.h"
 #include "corvinel/calendar.h"
 #include "corvinel/missing.h"
 #include "corvinel/rounding.h"
@@ -69,11 +70,11 @@ int32_t EntryExpansion::prepare(ValueKind kind, const locitem *record, const cha
     case ValueKind::Datetime: {
       if (zmiss(value) || !in_valid_range(kind, value)) return kValueRejected;
       digits_ = clamp_digits(fraction_digits);
-      const double v = rounded(value, digits_);
-      date_ = zdatprt(v);
-      hour_ = zhour(v);
-      minute_ = zminute(v);
-      second_ = zsecond(v);
+      const calendar::ClockParts parts = calendar::split_seconds(rounded(value, digits_));
+      date_ = parts.date;
+      hour_ = parts.hour;
+      minute_ = parts.minute;
+      second_ = parts.second;
       return 0;
     }
     case ValueKind::Time: {
@@ -83,8 +84,9 @@ int32_t EntryExpansion::prepare(ValueKind kind, const locitem *record, const cha
       date_ = std_miss_val;
       // The hour is deliberately not reduced modulo 24.
       hour_ = std::trunc(std::fabs(v / 3600));
-      minute_ = zminute(v);
-      second_ = zsecond(v);
+      const calendar::ClockParts parts = calendar::split_seconds(v);
+      minute_ = parts.minute;
+      second_ = parts.second;
       return 0;
     }
   }

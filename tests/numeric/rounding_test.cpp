@@ -15,6 +15,7 @@
 #include <limits>
 #include <random>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -49,6 +50,31 @@ TEST(Zround, HalfAwayFromZeroWithTolerance) {
     EXPECT_EQ(zround(&result, c.value, c.unit), 0);
     EXPECT_EQ(bits(result), bits(c.expected)) << c.value << " / " << c.unit << ": " << result;
   }
+}
+
+// Whole values to a unit of 1, the datetimes of every format call: the
+// rounding formula written out, over magnitudes up to and past 2^53.
+TEST(Zround, WholeValuesToUnitOneFollowTheFormula) {
+  std::mt19937_64 random(1960);
+  std::vector<double> values = {1, -1, 0x1p51 - 1, -(0x1p51 - 1), 0x1p51, 0x1p52 + 1, 0x1p53 - 1,
+                                569318630399, -11928470400};
+  for (int i = 0; i < 100000; ++i) {
+    const double v = std::trunc(std::ldexp(std::generate_canonical<double, 53>(random),
+                                           static_cast<int>(random() % 56)));
+    if (v != 0) values.push_back(random() % 2 ? v : -v);
+  }
+  for (const double v : values) {
+    const double q = std::fabs(v);
+    // From 2^52 on the unit lies below the value's precision: left alone.
+    const double formula =
+        q >= 0x1p52 ? v : std::floor(q + 0.5 + std::fmin(0x1p-24, q * 0x1p-40)) * (v > 0 ? 1.0 : -1.0);
+    double result = 0;
+    zround(&result, v, 1.0);
+    ASSERT_EQ(bits(result), bits(formula)) << v;
+  }
+  double result = 1;
+  zround(&result, -0.0, 1.0);
+  EXPECT_EQ(bits(result), bits(0.0));  // zero is always +0
 }
 
 TEST(Zpow10, EveryEntryIsTheCorrectlyRoundedPower) {
