@@ -35,4 +35,27 @@ const char *environment_value(const char *name_equals, std::size_t length) noexc
   }
 }
 
+EnvironmentPair environment_values(const char *first_name_equals, std::size_t first_length,
+                                   const char *second_name_equals,
+                                   std::size_t second_length) noexcept {
+  EnvironmentPair found{nullptr, nullptr};
+  char **entries = environ;
+  if (entries == nullptr || first_length == 0 || second_length == 0) {
+    return {environment_value(first_name_equals, first_length),
+            environment_value(second_name_equals, second_length)};
+  }
+  const char first = first_name_equals[0], second = second_name_equals[0];
+  for (; *entries != nullptr; ++entries) {
+    const char *entry = *entries;
+    if (entry[0] == first && found.first == nullptr &&
+        rest_matches(entry, first_name_equals, first_length)) {
+      found.first = entry + first_length;
+    } else if (entry[0] == second && found.second == nullptr &&
+               rest_matches(entry, second_name_equals, second_length)) {
+      found.second = entry + second_length;
+    }
+  }
+  return found;
+}
+
 }  // namespace corvinel::locale

@@ -13,10 +13,28 @@ namespace corvinel::locale {
 // more care for concurrent changes than getenv takes.
 const char *environment_value(const char *name_equals, std::size_t length) noexcept;
 
+// The values of two variables found in one walk: what environment_value
+// gives for each.
+struct EnvironmentPair {
+  const char *first;
+  const char *second;
+};
+EnvironmentPair environment_values(const char *first_name_equals, std::size_t first_length,
+                                   const char *second_name_equals,
+                                   std::size_t second_length) noexcept;
+
+inline constexpr char kOrbLocaleName[] = "ORB_LOCALE=";
+inline constexpr char kZoneName[] = "TZ=";
+
 // ORB_LOCALE, the variable every format reads.
 inline const char *orb_locale_value() noexcept {
-  constexpr char kName[] = "ORB_LOCALE=";
-  return environment_value(kName, sizeof kName - 1);
+  return environment_value(kOrbLocaleName, sizeof kOrbLocaleName - 1);
+}
+
+// ORB_LOCALE and TZ together, for the formats that show the zone offset.
+inline EnvironmentPair orb_locale_and_zone_values() noexcept {
+  return environment_values(kOrbLocaleName, sizeof kOrbLocaleName - 1, kZoneName,
+                            sizeof kZoneName - 1);
 }
 
 }  // namespace corvinel::locale

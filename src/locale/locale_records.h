@@ -31,6 +31,9 @@ inline constexpr char kDefaultLocale[] = "en_US";
 // variable is set but names no record.
 const locitem *select_record(int32_t locale) noexcept;
 
+// select_record with ORB_LOCALE's value already read (null: unset).
+const locitem *select_record_with(int32_t locale, const char *orb_locale) noexcept;
+
 // Copies an item of `record` into out (outcap bytes, zero-filled first):
 // the text's length, or -1 when record is null, the item code is outside
 // 0..188 or the text does not fit.

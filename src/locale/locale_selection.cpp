@@ -50,13 +50,17 @@ static_assert(CORVINEL_LOCALE_RECORDS < kKeySlots, "the table needs an empty slo
 
 const locitem *select_record(int32_t locale) noexcept {
   if (locale >= 1 && locale <= CORVINEL_LOCALE_RECORDS) return ORBlocaleData[locale - 1];
+  return select_record_with(locale, orb_locale_value());
+}
+
+const locitem *select_record_with(int32_t locale, const char *orb_locale) noexcept {
+  if (locale >= 1 && locale <= CORVINEL_LOCALE_RECORDS) return ORBlocaleData[locale - 1];
 
   // Only the first five characters take part in the match (the third, the
   // separator, is never looked at); a shorter value is read as if padded
   // with NULs, which no code matches. Everything after the fifth character
   // (an encoding, a modifier) is ignored.
-  const char *value = orb_locale_value();
-  if (value == nullptr) value = kDefaultLocale;
+  const char *value = orb_locale != nullptr ? orb_locale : kDefaultLocale;
   char chosen[5] = {};
   for (std::size_t i = 0; i < sizeof chosen && value[i] != '\0'; ++i) chosen[i] = value[i];
   static const KeyTable table;

@@ -594,7 +594,8 @@ const CompiledPattern *compiled_pattern(const locitem *record, const char *patte
 }
 
 RenderedText render(const CompiledPattern &program, double date, double hour, double minute,
-                    double second, int32_t fraction_digits, char *out) noexcept {
+                    double second, int32_t fraction_digits, char *out,
+                    const ZoneReading &zone) noexcept {
   if (program.unknown_directive) return {RenderOutcome::kUnknownDirective, 0, 0, 0, 0};
   const int32_t digits = std::max(fraction_digits, 0);
   if (program.declines || digits > kRenderCapacity ||
@@ -724,7 +725,7 @@ RenderedText render(const CompiledPattern &program, double date, double hour, do
         break;
       case Op::kZoneOffset: {
         char offset[kZoneOffsetLength];
-        write_zone_offset(offset);
+        write_zone_offset(offset, zone);
         text.put_ascii({offset, sizeof offset});
         break;
       }

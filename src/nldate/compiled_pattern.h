@@ -63,7 +63,9 @@ struct RenderedText {
 
 // The text of the pattern for the value split as expand takes it (each part
 // may be missing), into `out` (kRenderBufferSize bytes).
+// `zone`: TZ when the caller read it already.
 RenderedText render(const CompiledPattern &program, double date, double hour, double minute,
-                    double second, int32_t fraction_digits, char *out) noexcept;
+                    double second, int32_t fraction_digits, char *out,
+                    const ZoneReading &zone = {}) noexcept;
 
 }  // namespace corvinel::nldate

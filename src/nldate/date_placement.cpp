@@ -71,7 +71,10 @@ int32_t place_at_start(fmtreq &request, const char *text, int32_t length, Accept
   return result;
 }
 
-int32_t left_justify_and_expand(fmtreq &request) {
+namespace {
+
+// The text the field holds stripped and moved left; returns its length.
+int32_t left_justify(fmtreq &request) {
   const int32_t field = std::clamp(request.outlen, 0, request.capacity);
   int32_t length = field > 0 ? wzstrip(request.output, field) : 0;
   int32_t start = 0;
@@ -82,7 +85,23 @@ int32_t left_justify_and_expand(fmtreq &request) {
   }
   length -= start;
   request.outlen = length;
+  return length;
+}
+
+}  // namespace
+
+int32_t left_justify_and_expand(fmtreq &request) {
+  left_justify(request);
   return nlnum::expand_for_request(request, request.output, &request.outlen, request.capacity);
+}
+
+int32_t left_justify_and_expand(fmtreq &request, nlnum::SessionCodeset codeset) {
+  left_justify(request);
+  int32_t delivered = nlnum::delivered_encoding(request);
+  const int32_t result = nlnum::expand_output(codeset, request.xcode_b, &delivered, request.output,
+                                              &request.outlen, request.width, request.capacity);
+  nlnum::set_delivered_encoding(request, delivered);
+  return result;
 }
 
 }  // namespace corvinel::nldate

@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "corvinel/fmtreq.h"
+#include "nlnum/simple_expansion.h"
 
 namespace corvinel::nldate {
 
@@ -27,5 +28,9 @@ int32_t place_at_start(fmtreq &request, const char *text, int32_t length, Accept
 // (the freed tail blank-filled and `outlen` reduced), then expanded in
 // place; returns the expansion's result.
 int32_t left_justify_and_expand(fmtreq &request);
+
+// The same with the session codeset already read for the call (output
+// expansion's shortcut, which gives the same results).
+int32_t left_justify_and_expand(fmtreq &request, nlnum::SessionCodeset codeset);
 
 }  // namespace corvinel::nldate

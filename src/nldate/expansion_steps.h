@@ -195,9 +195,17 @@ void put_fraction_digits(double second, int32_t n, Put put) noexcept {
   }
 }
 
+// The TZ value when a format read it with ORB_LOCALE in one walk over the
+// environment, or not read yet.
+struct ZoneReading {
+  bool read = false;
+  const char *value = nullptr;  // null: TZ is unset
+};
+
 // The machine's numeric zone offset now, "+hhmm" or "-hhmm", in out[0..4].
+// TZ is read here unless `zone` holds it.
 inline constexpr int32_t kZoneOffsetLength = 5;
-void write_zone_offset(char *out) noexcept;
+void write_zone_offset(char *out, const ZoneReading &zone = {}) noexcept;
 
 // The same, worked out afresh on every call: tzset, then the local time of
 // now.  The reference write_zone_offset is compared with.

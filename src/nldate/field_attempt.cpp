@@ -39,10 +39,13 @@ void lay(fmtreq &request, const char *text, int32_t length) noexcept {
 
 }  // namespace
 
-AttemptSession read_attempt_session(const fmtreq &request) noexcept {
+AttemptSession read_attempt_session(const fmtreq &request, const ZoneReading &zone) noexcept {
   AttemptSession session;
-  if (request.xcode_b == CORVINEL_ENC_UTF16LE) return session;  // 16-bit units
-  session.compiled = piece_encoding_of(nlnum::read_session_codeset(), session.encoding);
+  session.zone = zone;
+  session.codeset = nlnum::read_session_codeset();
+  // 16-bit units are left to output expansion.
+  session.compiled = request.xcode_b != CORVINEL_ENC_UTF16LE &&
+                     piece_encoding_of(session.codeset, session.encoding);
   return session;
 }
 
@@ -54,7 +57,7 @@ int32_t attempt_in_field(fmtreq &request, const EntryExpansion &entry, Accept ac
       char text[kRenderBufferSize];
       const RenderedText rendered =
           render(*program, entry.date(), entry.hour(), entry.minute(), entry.second(),
-                 entry.fraction_digits(), text);
+                 entry.fraction_digits(), text, session.zone);
       placed = false;
       if (rendered.outcome == RenderOutcome::kUnknownDirective) return kExpandUnknownDirective;
       // Output expansion converts at most kMaxUnits units and keeps a result

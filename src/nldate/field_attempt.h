@@ -25,9 +25,11 @@ namespace corvinel::nldate {
 struct AttemptSession {
   bool compiled = false;  // the compiled path may lay the text
   PieceEncoding encoding = PieceEncoding::kSymbolic;
+  ZoneReading zone;       // TZ, when the call read it with ORB_LOCALE
+  nlnum::SessionCodeset codeset = nlnum::SessionCodeset::kOther;
 };
 
-AttemptSession read_attempt_session(const fmtreq &request) noexcept;
+AttemptSession read_attempt_session(const fmtreq &request, const ZoneReading &zone = {}) noexcept;
 
 // The general path's pair for a prepared entry: expand into the work area,
 // then place_at_start with `accept`.  Returns the expansion's result when

@@ -7,6 +7,7 @@
 #include "corvinel/classic_dates.h"
 #include "corvinel/rounding.h"
 #include "nldate/date_frame.h"
+#include "locale/environment_value.h"
 #include "locale/locale_records.h"
 #include "nldate/date_placement.h"
 #include "nldate/field_attempt.h"
@@ -59,17 +60,19 @@ int32_t try_pattern(fmtreq &request, const locitem *record, const AttemptSession
 
 // A classic rendering of `value` into the request (the value pointer
 // pointed at it for the call), then stripped, left-justified and expanded.
-int32_t classic_fallback(fmtreq &request, int32_t (*render)(fmtreq *), double value) {
+int32_t classic_fallback(fmtreq &request, int32_t (*render)(fmtreq *), double value,
+                         nlnum::SessionCodeset codeset) {
   const double *own = request.value;
   request.value = &value;
   const int32_t result = render(&request);
   request.value = own;
   if (result != CORVINEL_OK) return frame::fill_stars(request);
-  if (left_justify_and_expand(request) <= 0) return CORVINEL_OK;
+  if (left_justify_and_expand(request, codeset) <= 0) return CORVINEL_OK;
   return frame::fill_stars(request);
 }
 
-int32_t render_fallback(fmtreq &request, Fallback fallback, double value) {
+int32_t render_fallback(fmtreq &request, Fallback fallback, double value,
+                        const AttemptSession &session) {
   std::memset(request.output, ' ', static_cast<std::size_t>(request.capacity));
   switch (fallback) {
     case Fallback::None:
@@ -79,11 +82,11 @@ int32_t render_fallback(fmtreq &request, Fallback fallback, double value) {
     case Fallback::ShortDatetime:
       return render_short_numeric(request, ShortForm::DatetimeSeconds, value);
     case Fallback::ClassicTime:
-      return classic_fallback(request, zfmtime, value);
+      return classic_fallback(request, zfmtime, value, session.codeset);
     case Fallback::ClassicTimeOfDay:
-      return classic_fallback(request, zfmtod, value);
+      return classic_fallback(request, zfmtod, value, session.codeset);
     case Fallback::ClassicTimeAmPm:
-      return classic_fallback(request, zfmtimm, value);
+      return classic_fallback(request, zfmtimm, value, session.codeset);
   }
   return frame::fill_stars(request);
 }
@@ -92,16 +95,28 @@ int32_t render_fallback(fmtreq &request, Fallback fallback, double value) {
 // was too long, then the fallback.
 int32_t render_with_locale_patterns(fmtreq &request, const PatternFormat &format, double value) {
   if (format.kind == ValueKind::Time) value = brought_into_one_day(value);
-  // The locale and the session are read once for every attempt of the call.
-  const locitem *record = locale::select_record(request.locale);
-  const AttemptSession session = read_attempt_session(request);
+  // The locale and the session are read once for every attempt of the
+  // call; a format that shows the zone offset reads TZ in the same walk
+  // over the environment as ORB_LOCALE.
+  const bool shows_zone =
+      ((format.first_selector | format.second_selector) & kAppendZoneOffset) != 0;
+  const locitem *record = nullptr;
+  ZoneReading zone;
+  if (shows_zone) {
+    const locale::EnvironmentPair values = locale::orb_locale_and_zone_values();
+    record = locale::select_record_with(request.locale, values.first);
+    zone = {true, values.second};
+  } else {
+    record = locale::select_record(request.locale);
+  }
+  const AttemptSession session = read_attempt_session(request, zone);
   int32_t last = try_pattern(request, record, session, format.kind, format.first_selector, value);
   if (last == 0) return CORVINEL_OK;
   if (last == kExpandTooLong && format.second_selector != kNoPattern) {
     last = try_pattern(request, record, session, format.kind, format.second_selector, value);
     if (last == 0) return CORVINEL_OK;
   }
-  return render_fallback(request, format.fallback, value);
+  return render_fallback(request, format.fallback, value, session);
 }
 
 }  // namespace

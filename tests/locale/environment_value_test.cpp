@@ -1,4 +1,4 @@
-// The environment read every format makes against getenv: after every step
+// The environment reads every format makes against getenv: after every step
 // of long random sequences of setenv, putenv, unsetenv and clearenv, on
 // several threads between the steps, and over environment arrays laid out
 // by hand (duplicates, entries without "=", names that only begin alike).
@@ -48,6 +48,16 @@ std::string disagreement() {
     const char *ours = locale::environment_value(equals.c_str(), equals.size());
     const char *theirs = std::getenv(name);
     if (ours != theirs) return name;
+  }
+  // Two names in one walk, also names that share their first bytes.
+  const char *const kPairs[][2] = {{"ORB_LOCALE", "TZ"}, {"TZ", "TZZ"}, {"O", "OR"},
+                                   {"ORB_LOCAL", "ORB_LOCALE"}, {"PATH", "T"}};
+  for (const auto &pair : kPairs) {
+    const std::string a = std::string(pair[0]) + "=", b = std::string(pair[1]) + "=";
+    const locale::EnvironmentPair both = locale::environment_values(a.c_str(), a.size(), b.c_str(), b.size());
+    if (both.first != std::getenv(pair[0]) || both.second != std::getenv(pair[1])) {
+      return std::string(pair[0]) + "+" + pair[1];
+    }
   }
   return "";
 }

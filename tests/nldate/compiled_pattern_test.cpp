@@ -263,11 +263,14 @@ TEST(ZoneOffset, RememberedOffsetFollowsTz) {
       unsetenv("TZ");
     }
     for (int i = 0; i < 3; ++i) {
-      char remembered[nldate::kZoneOffsetLength], afresh[nldate::kZoneOffsetLength];
+      char remembered[nldate::kZoneOffsetLength], passed[nldate::kZoneOffsetLength],
+          afresh[nldate::kZoneOffsetLength];
       nldate::write_zone_offset(remembered);
+      nldate::write_zone_offset(passed, {true, std::getenv("TZ")});
       nldate::write_zone_offset_uncached(afresh);
-      ASSERT_EQ(std::string(remembered, sizeof remembered), std::string(afresh, sizeof afresh))
-          << (zone != nullptr ? zone : "(unset)");
+      const std::string expected(afresh, sizeof afresh);
+      ASSERT_EQ(std::string(remembered, sizeof remembered), expected) << (zone != nullptr ? zone : "(unset)");
+      ASSERT_EQ(std::string(passed, sizeof passed), expected) << (zone != nullptr ? zone : "(unset)");
     }
   }
   if (saved != nullptr) {
