@@ -38,24 +38,32 @@ const char *environment_value(const char *name_equals, std::size_t length) noexc
 EnvironmentPair environment_values(const char *first_name_equals, std::size_t first_length,
                                    const char *second_name_equals,
                                    std::size_t second_length) noexcept {
-  EnvironmentPair found{nullptr, nullptr};
   char **entries = environ;
   if (entries == nullptr || first_length == 0 || second_length == 0) {
     return {environment_value(first_name_equals, first_length),
             environment_value(second_name_equals, second_length)};
   }
+  // The same walk for two names: an entry that begins like either is
+  // compared in full; the first match of each name is kept.
+  EnvironmentPair found{nullptr, nullptr};
   const char first = first_name_equals[0], second = second_name_equals[0];
-  for (; *entries != nullptr; ++entries) {
-    const char *entry = *entries;
-    if (entry[0] == first && found.first == nullptr &&
+  const auto look_at = [&](const char *entry) {
+    if (entry[0] != first && entry[0] != second) return;
+    if (found.first == nullptr && entry[0] == first &&
         rest_matches(entry, first_name_equals, first_length)) {
       found.first = entry + first_length;
-    } else if (entry[0] == second && found.second == nullptr &&
+    } else if (found.second == nullptr && entry[0] == second &&
                rest_matches(entry, second_name_equals, second_length)) {
       found.second = entry + second_length;
     }
+  };
+  for (;; entries += 4) {
+#pragma GCC unroll 4
+    for (int k = 0; k < 4; ++k) {
+      if (entries[k] == nullptr) return found;
+      look_at(entries[k]);
+    }
   }
-  return found;
 }
 
 }  // namespace corvinel::locale

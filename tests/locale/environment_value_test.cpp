@@ -20,7 +20,7 @@ namespace {
 
 // Names that share a prefix or a first byte with the ones the module reads.
 const char *const kNames[] = {"ORB_LOCALE", "ORB_LOCAL", "ORB_LOCALEX", "ORB", "OR", "O",
-                              "TZ", "T", "TZZ", "PATH"};
+                              "TZ", "T", "TZZ", "PATH", "TRB_LOCALE"};
 
 // Saves the environment and puts it back, whatever a test did to it.
 class SavedEnvironment {
@@ -51,7 +51,8 @@ std::string disagreement() {
   }
   // Two names in one walk, also names that share their first bytes.
   const char *const kPairs[][2] = {{"ORB_LOCALE", "TZ"}, {"TZ", "TZZ"}, {"O", "OR"},
-                                   {"ORB_LOCAL", "ORB_LOCALE"}, {"PATH", "T"}};
+                                   {"ORB_LOCAL", "ORB_LOCALE"}, {"PATH", "T"},
+                                   {"ORB_LOCALE", "TRB_LOCALE"}, {"TRB_LOCALE", "ORB_LOCALE"}};
   for (const auto &pair : kPairs) {
     const std::string a = std::string(pair[0]) + "=", b = std::string(pair[1]) + "=";
     const locale::EnvironmentPair both = locale::environment_values(a.c_str(), a.size(), b.c_str(), b.size());
