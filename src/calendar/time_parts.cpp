@@ -46,6 +46,21 @@ namespace corvinel::calendar {
 
 ClockParts split_seconds(double seconds) {
   if (!usable(seconds)) return {std_miss_val, std_miss_val, std_miss_val, std_miss_val};
+  // A whole count (every datetime shown without fractions) splits in
+  // integers: the remainders are those fmod gives, and the quotient by the
+  // day on the non-negative count from 1582 is date_of's.  Zero, whose sign
+  // fmod carries into the minute and second, takes the general way.
+  const auto whole = static_cast<int64_t>(seconds);
+  if (static_cast<double>(whole) == seconds && whole != 0) {
+    constexpr int64_t kWholeDay = 86400;
+    const int64_t r = whole % kWholeDay;  // the sign of the count, as fmod
+    const int64_t hour = (r < 0 ? r + kWholeDay : r) / 3600;
+    const int64_t into_day = whole < 0 ? kWholeDay - (r < 0 ? -r : r) : r;
+    const auto first_second = static_cast<int64_t>(kFirstSecondMagnitude);
+    return {static_cast<double>((whole + first_second) / kWholeDay + corvinel::calendar::kFirstDay),
+            static_cast<double>(hour), static_cast<double>(into_day % 3600 / 60),
+            static_cast<double>(into_day % 60)};
+  }
   const double r = exact_remainder(seconds, kDay);
   const double into_day = seconds_into_day(seconds, r);
   return {date_of(seconds), hour_of(r), minute_of(into_day), second_of(into_day)};

@@ -65,8 +65,10 @@ inline bool is_missing(double value) noexcept { return std::isnan(value); }
 // writer; infinities and values beyond 64 bits saturate.
 inline uint64_t magnitude(double value) noexcept {
   const double m = std::fabs(value);
+  // The conversions drop the fraction; the signed one is one instruction.
+  if (m < 0x1p63) return static_cast<uint64_t>(static_cast<int64_t>(m));
   if (!(m < 1.8e19)) return UINT64_MAX;
-  return static_cast<uint64_t>(m);  // the conversion drops the fraction
+  return static_cast<uint64_t>(m);
 }
 
 inline int64_t whole(double value) noexcept {
