@@ -440,63 +440,54 @@ class Compiler {
   char fixed_[kPatternBound];
 };
 
-// The text a call writes, with its measures.
-class Writer {
- public:
-  explicit Writer(char *out) noexcept : start_(out), at_(out) {}
+// Writing the text: each helper takes the cursor and returns it moved
+// past what it wrote, so that the cursor stays in a register through the
+// walk.  A piece is copied in 16-byte blocks, which may write up to
+// kCopyBlock - 1 bytes past it: render's output has that room.
+char *put_piece(char *at, const Piece &piece) noexcept {
+  for (int32_t done = 0; done < piece.length; done += kCopyBlock) {
+    std::memcpy(at + done, piece.bytes + done, kCopyBlock);
+  }
+  return at + piece.length;
+}
 
-  // In 16-byte blocks, which may write up to kCopyBlock - 1 bytes past the
-  // piece: render's output has that room.
-  void put(const Piece &piece) noexcept {
-    for (int32_t done = 0; done < piece.length; done += kCopyBlock) {
-      std::memcpy(at_ + done, piece.bytes + done, kCopyBlock);
-    }
-    at_ += piece.length;
-    pieces_ += piece.measures;
-  }
-  void put_ascii(std::string_view text) noexcept {
-    std::memcpy(at_, text.data(), text.size());
-    at_ += text.size();
-  }
-  void put_ascii(char c) noexcept { *at_++ = c; }
-  void put_missing() noexcept {
-    at_[0] = at_[1] = '*';
-    at_ += 2;
-  }
-  // Digits of a magnitude, as i2s writes them.
-  void put_number(uint64_t value, int32_t width, char pad) noexcept {
-    if (width == 2 && pad == '0' && value < 100) return put_two_digits(value);
-    at_ += write_digits(value, at_, std::min(width, kMostDigits), pad);
-  }
-  void put_two_digits(uint64_t value) noexcept {
-    at_[0] = static_cast<char>('0' + value / 10);
-    at_[1] = static_cast<char>('0' + value % 10);
-    at_ += 2;
-  }
-  // A year as two groups of two digits with "0" padding, whatever the pad.
-  void put_two_groups(int64_t year) noexcept {
-    put_number(static_cast<uint64_t>(std::llabs(year / 100)), 2, '0');
-    put_number(static_cast<uint64_t>(std::llabs(year % 100)), 2, '0');
-  }
-  // A part of the value that may be missing ("**").
-  void put_part(double value, int32_t width, char pad) noexcept {
-    if (is_missing(value)) return put_missing();
-    put_number(magnitude(value), width, pad);
-  }
+char *put_missing(char *at) noexcept {
+  at[0] = at[1] = '*';
+  return at + 2;
+}
 
-  // Every byte not from a piece is ASCII: one unit, one byte everywhere.
-  RenderedText finish() const noexcept {
-    const auto length = static_cast<int32_t>(at_ - start_);
-    const auto field = [this](int shift) { return static_cast<int32_t>((pieces_ >> shift) & 0xFFFF); };
-    const int32_t ascii = length - field(48);
-    return {RenderOutcome::kRendered, length, field(0) + ascii, field(16) + ascii, field(32) + ascii};
-  }
+char *put_two_digits(char *at, uint64_t value) noexcept {
+  at[0] = static_cast<char>('0' + value / 10);
+  at[1] = static_cast<char>('0' + value % 10);
+  return at + 2;
+}
 
- private:
-  char *start_;
-  char *at_;
-  uint64_t pieces_ = 0;  // the measures of the pieces written, summed
-};
+// Digits of a magnitude, as i2s writes them.
+char *put_number(char *at, uint64_t value, int32_t width, char pad) noexcept {
+  if (width == 2 && pad == '0' && value < 100) return put_two_digits(at, value);
+  return at + write_digits(value, at, std::min(width, kMostDigits), pad);
+}
+
+// A year as two groups of two digits with "0" padding, whatever the pad.
+char *put_two_groups(char *at, int64_t year) noexcept {
+  at = put_number(at, static_cast<uint64_t>(std::llabs(year / 100)), 2, '0');
+  return put_number(at, static_cast<uint64_t>(std::llabs(year % 100)), 2, '0');
+}
+
+// A part of the value that may be missing ("**").
+char *put_part(char *at, double value, int32_t width, char pad) noexcept {
+  if (is_missing(value)) return put_missing(at);
+  return put_number(at, magnitude(value), width, pad);
+}
+
+// The measures of the text: every byte not from a piece is ASCII, one unit
+// and one byte in every encoding.
+RenderedText measured(const char *out, const char *at, uint64_t pieces) noexcept {
+  const auto length = static_cast<int32_t>(at - out);
+  const auto field = [pieces](int shift) { return static_cast<int32_t>((pieces >> shift) & 0xFFFF); };
+  const int32_t ascii = length - field(48);
+  return {RenderOutcome::kRendered, length, field(0) + ascii, field(16) + ascii, field(32) + ascii};
+}
 
 constexpr RenderedText kDeclined{RenderOutcome::kDeclined, 0, 0, 0, 0};
 
@@ -521,16 +512,27 @@ bool day_parts_of(double date, DayParts &parts) noexcept {
 }
 
 // A week style's number or year, "**" when get_yywwdd has none.
-void put_week(Writer &out, const Step &step, const DayParts &day, char style) noexcept {
+char *put_week(char *at, const Step &step, const DayParts &day, char style) noexcept {
   double year = -1, week = -1, weekday = -1;
   get_yywwdd(&style, nullptr, &year, &week, &weekday, day.date);
-  if (year < 0 || week < 0) return out.put_missing();
+  if (year < 0 || week < 0) return put_missing(at);
   if (step.op == Op::kMondayWeek || step.op == Op::kIsoWeek) {
-    return out.put_number(magnitude(week), 2, step.pad);
+    return put_number(at, magnitude(week), 2, step.pad);
   }
   const int64_t y = whole(year);
-  if (step.op == Op::kIsoYearOfCentury) return out.put_number(static_cast<uint64_t>(y % 100), 2, step.pad);
-  out.put_two_groups(y);
+  if (step.op == Op::kIsoYearOfCentury) return put_number(at, static_cast<uint64_t>(y % 100), 2, step.pad);
+  return put_two_groups(at, y);
+}
+
+// The fraction of a second after its separator.
+char *put_fraction(char *at, double second, int32_t digits) noexcept {
+  put_fraction_digits(second, digits, [&at](char c) { *at++ = c; });
+  return at;
+}
+
+char *put_zone_offset(char *at, const ZoneReading &zone) noexcept {
+  write_zone_offset(at, zone);
+  return at + kZoneOffsetLength;
 }
 
 // The name a name step chooses, "**" (missing) when the part it depends on
@@ -604,13 +606,17 @@ RenderedText render(const CompiledPattern &program, double date, double hour, do
   }
   DayParts day{false, 0, 0, 0, 0, -1, 0};
   if (program.reads_date && !day_parts_of(date, day)) return kDeclined;
-  Writer text(out);
+  char *at = out;
+  uint64_t pieces = 0;  // the measures of the pieces written, summed
   for (int32_t s = 0; s < program.step_count; ++s) {
     const Step &step = program.steps[s];
     switch (step.op) {
-      case Op::kPiece:
-        text.put(program.pieces[step.piece]);
+      case Op::kPiece: {
+        const Piece &piece = program.pieces[step.piece];
+        at = put_piece(at, piece);
+        pieces += piece.measures;
         break;
+      }
       case Op::kWeekdayName:
       case Op::kMonthName:
       case Op::kQuarterName:
@@ -618,10 +624,11 @@ RenderedText render(const CompiledPattern &program, double date, double hour, do
         const Piece *name = nullptr;
         switch (choose_name(program, step, day, hour, name)) {
           case NameChoice::kName:
-            text.put(*name);
+            at = put_piece(at, *name);
+            pieces += name->measures;
             break;
           case NameChoice::kMissing:
-            text.put_missing();
+            at = put_missing(at);
             break;
           case NameChoice::kDeclined:
             return kDeclined;
@@ -631,30 +638,23 @@ RenderedText render(const CompiledPattern &program, double date, double hour, do
       case Op::kDay:
       case Op::kMonth:
         if (!day.present) {
-          text.put_missing();
+          at = put_missing(at);
         } else {
-          text.put_number(static_cast<uint64_t>(step.op == Op::kDay ? day.day : day.month),
+          at = put_number(at, static_cast<uint64_t>(step.op == Op::kDay ? day.day : day.month),
                           step.width, step.pad);
         }
         break;
       case Op::kDaysInHour:
-        if (is_missing(hour)) {
-          text.put_missing();
-        } else {
-          text.put_number(magnitude(hour / 24), 1, 0);
-        }
+        at = is_missing(hour) ? put_missing(at) : put_number(at, magnitude(hour / 24), 1, 0);
         break;
       case Op::kDayOfYear:
-        if (!day.present) {
-          text.put_missing();
-        } else {
-          text.put_number(static_cast<uint64_t>(day.day_of_year), 3, step.pad);
-        }
+        at = !day.present ? put_missing(at)
+                          : put_number(at, static_cast<uint64_t>(day.day_of_year), 3, step.pad);
         break;
       case Op::kYear:
       case Op::kYearOfCentury: {
         if (!day.present) {
-          text.put_missing();
+          at = put_missing(at);
           break;
         }
         const auto era = static_cast<Era>(step.detail);
@@ -663,75 +663,72 @@ RenderedText render(const CompiledPattern &program, double date, double hour, do
                 ? day.year
                 : whole(era_year(era, static_cast<double>(day.year), day.date));
         if (step.op == Op::kYearOfCentury) {
-          text.put_number(static_cast<uint64_t>(std::llabs(year % 100)), 2, step.pad);
+          at = put_number(at, static_cast<uint64_t>(std::llabs(year % 100)), 2, step.pad);
         } else {
-          text.put_two_groups(year);
+          at = put_two_groups(at, year);
         }
         break;
       }
       case Op::kHour:
       case Op::kHourMidnight24: {
         if (is_missing(hour)) {
-          text.put_missing();
+          at = put_missing(at);
           break;
         }
         uint64_t shown = magnitude(hour);
         if (step.op == Op::kHourMidnight24 && shown == 0) shown = 24;
-        if (shown > 99) {
-          text.put_number(shown, 1, 0);  // in full
-        } else {
-          text.put_number(shown, 2, step.pad);
-        }
+        // Above 99 in full.
+        at = shown > 99 ? put_number(at, shown, 1, 0) : put_number(at, shown, 2, step.pad);
         break;
       }
       case Op::kClock12:
       case Op::kClock12AsIs: {
         uint64_t shown = magnitude(clock12_of(hour));
         if (step.op == Op::kClock12 && shown == 0) shown = 12;
-        text.put_number(shown, 2, step.pad);
+        at = put_number(at, shown, 2, step.pad);
         break;
       }
       case Op::kMinute:
-        text.put_part(minute, 2, step.pad);
+        at = put_part(at, minute, 2, step.pad);
         break;
       case Op::kSecond:
-        text.put_part(second, 2, step.pad);
+        at = put_part(at, second, 2, step.pad);
         if (step.detail == 0 || digits == 0) break;
-        if (step.piece != kNoPiece) text.put(program.pieces[step.piece]);
-        put_fraction_digits(second, digits, [&text](char c) { text.put_ascii(c); });
+        if (step.piece != kNoPiece) {
+          at = put_piece(at, program.pieces[step.piece]);
+          pieces += program.pieces[step.piece].measures;
+        }
+        at = put_fraction(at, second, digits);
         break;
       case Op::kSundayWeek:
-        text.put_number(magnitude(static_cast<double>(sunday_week(day.date, day.day_of_year))), 2,
-                        step.pad);
+        at = put_number(at, magnitude(static_cast<double>(sunday_week(day.date, day.day_of_year))),
+                        2, step.pad);
         break;
       case Op::kWeekdayFromMonday:
       case Op::kWeekdayFromSunday: {
         if (!day.present) {
-          text.put_missing();
+          at = put_missing(at);
           break;
         }
         int64_t digit = day.weekday;
         if (step.op == Op::kWeekdayFromMonday && digit == 0) digit = 7;
-        text.put_number(static_cast<uint64_t>(std::llabs(digit)), 1, '0');
+        at = put_number(at, static_cast<uint64_t>(std::llabs(digit)), 1, '0');
         break;
       }
       case Op::kMondayWeek:
-        put_week(text, step, day, 'W');
+        at = put_week(at, step, day, 'W');
         break;
       case Op::kIsoWeek:
       case Op::kIsoYear:
       case Op::kIsoYearOfCentury:
-        put_week(text, step, day, 'V');
+        at = put_week(at, step, day, 'V');
         break;
-      case Op::kZoneOffset: {
-        char offset[kZoneOffsetLength];
-        write_zone_offset(offset, zone);
-        text.put_ascii({offset, sizeof offset});
+      case Op::kZoneOffset:
+        at = put_zone_offset(at, zone);
         break;
-      }
     }
   }
-  return text.finish();
+  return measured(out, at, pieces);
 }
 
 }  // namespace corvinel::nldate
