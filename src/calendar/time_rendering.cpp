@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstring>
 
+#include "calendar/calendar_rules.h"
 #include "calendar/classic_field.h"
 #include "calendar/time_texts.h"
 #include "corvinel/calendar.h"
@@ -105,16 +106,16 @@ int32_t render_duration(char *out, int64_t width, int32_t decimals, double secon
   double hours = 0;
   if (a >= kDay) {
     hours = std::trunc(a / kDay) * 24;
-    a = std::fmod(a, kDay);
+    a = exact_remainder(a, kDay);
   }
   // Early carry: 3599.9999 shows the next hour rather than 60 seconds.
   double extra_minute = 0;
   const double near = half_unit(d);
-  if (std::fmod(a, 3600) + near >= 3600) {
-    a -= std::fmod(a, 3600);
+  if (exact_remainder(a, 3600) + near >= 3600) {
+    a -= exact_remainder(a, 3600);
     hours += 1;
-  } else if (std::fmod(a, 60) + near >= 60) {
-    a -= std::fmod(a, 60);
+  } else if (exact_remainder(a, 60) + near >= 60) {
+    a -= exact_remainder(a, 60);
     extra_minute = 1;
   }
   hours += zhour(a);
@@ -219,7 +220,7 @@ int32_t zfmtimm(fmtreq *request) {
   // next second first, so that 11:59:59.6 is already noon when the half of
   // the day is chosen.
   double x = *request->value;
-  const double fraction = std::fmod(x, 1);
+  const double fraction = exact_remainder(x, 1);
   if ((d == 0 && fraction >= 0.5) || (d == 1 && fraction >= 0.95)) {
     if (std::fabs(x) > kMaxHours) {
       x += 1;
@@ -227,7 +228,7 @@ int32_t zfmtimm(fmtreq *request) {
       x = x > 0 ? std::floor(x + 1.000000000001e-12) + 1 : std::ceil(x - 1.000000000001e-12) + 1;
     }
   }
-  double t = std::fmod(x, kDay);
+  double t = exact_remainder(x, kDay);
   if (t < 0) t += kDay;
   const auto hour = static_cast<int64_t>(std::trunc(t + half_unit(d))) / 3600;
   const bool pm = hour >= 12;

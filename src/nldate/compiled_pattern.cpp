@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "corvinel/weeks.h"
+#include "locale/transcode_steps.h"
 #include "nldate/week_numbering.h"
 
 namespace corvinel::nldate {
@@ -102,6 +103,11 @@ struct CompiledPattern {
   int32_t step_count, piece_count, pool_used;
   int32_t fixed_bound;     // the longest text without fraction digits
   int32_t fraction_steps;  // seconds that take a fraction
+  // Bounds of the text in the program's encoding, fraction digits aside:
+  // the fewest bytes when every part of the value is present and when any
+  // may be missing, the most UTF-16 units and UTF-8 bytes.
+  int32_t least_bytes_present, least_bytes, most_units, most_utf8;
+  bool names_weekdays;  // a weekday name step (zwekday's odd weekdays before 1600)
   Step steps[kMaxSteps];
   Piece pieces[kMaxPieces];
   char pool[kPoolCapacity + kCopyBlock];
@@ -179,6 +185,8 @@ class Compiler {
     p.declines = p.reads_date = false;
     p.step_count = p.piece_count = p.pool_used = 0;
     p.fixed_bound = p.fraction_steps = 0;
+    p.least_bytes_present = p.least_bytes = p.most_units = p.most_utf8 = 0;
+    p.names_weekdays = false;
     char work[kPatternBound];
     const int32_t work_length = length <= 0 ? 0 : substitute_representations(items_, pattern, length, work);
     if (work_length < 0) return unknown();
@@ -230,7 +238,77 @@ class Compiler {
       p.declines = true;
     }
     p.fixed_bound += bound;
+    add_bounds(step);
     return true;
+  }
+
+  // The fewest bytes and the most units a step writes.
+  void add_bounds(const Step &step) noexcept {
+    CompiledPattern &p = program_;
+    const auto units = [](const Piece &piece) { return static_cast<int32_t>((piece.measures >> 16) & 0xFFFF); };
+    const auto utf8 = [](const Piece &piece) { return static_cast<int32_t>((piece.measures >> 32) & 0xFFFF); };
+    const int32_t mark = static_cast<int32_t>(kMissingMark.size());
+    int32_t least_present = 0, least = 0, most_units = 0, most_utf8 = 0;
+    int32_t table = 0;  // the entries of a name step
+    switch (step.op) {
+      case Op::kPiece: {
+        const Piece &piece = p.pieces[step.piece];
+        least_present = least = piece.length;
+        most_units = units(piece);
+        most_utf8 = utf8(piece);
+        break;
+      }
+      case Op::kWeekdayName:
+        table = 7;
+        p.names_weekdays = true;
+        break;
+      case Op::kMonthName:
+        table = 12;
+        break;
+      case Op::kQuarterName:
+        table = 4;
+        break;
+      case Op::kMarker:
+        table = 2;
+        break;
+      case Op::kZoneOffset:
+        least_present = least = most_units = most_utf8 = kZoneOffsetLength;
+        break;
+      default: {
+        // Numbers: digits as wide as the pad asks for (all of them without
+        // one), "**" for a missing part; the year always in four digits,
+        // the day of year in three.  Hours past 99 only get longer.
+        const bool padded = step.pad != 0;
+        int32_t digits = padded ? step.width : 1;
+        if (step.op == Op::kYear || step.op == Op::kIsoYear) digits = 4;
+        if (step.op == Op::kDaysInHour) digits = 1;
+        least_present = digits;
+        least = std::min(digits, mark);
+        most_units = most_utf8 = kMostDigits;
+        if (step.op == Op::kSecond && step.piece != kNoPiece) {
+          const Piece &separator = p.pieces[step.piece];
+          least_present += separator.length;
+          least += separator.length;
+          most_units += units(separator);
+          most_utf8 += utf8(separator);
+        }
+        break;
+      }
+    }
+    if (table > 0) {
+      least_present = least = mark;
+      most_units = most_utf8 = mark;
+      for (int32_t i = 0; i < table; ++i) {
+        const Piece &name = p.pieces[step.piece + i];
+        least_present = least = std::min<int32_t>(least, name.length);
+        most_units = std::max(most_units, units(name));
+        most_utf8 = std::max(most_utf8, utf8(name));
+      }
+    }
+    p.least_bytes_present += least_present;
+    p.least_bytes += least;
+    p.most_units += most_units;
+    p.most_utf8 += most_utf8;
   }
 
   bool add_number(Op op, int32_t width, char pad, uint8_t detail = 0) noexcept {
@@ -593,6 +671,20 @@ const CompiledPattern *compiled_pattern(const locitem *record, const char *patte
   entry.beyond_bounds = !compiler.compile(pattern, length);
   entry.filled = true;
   return entry.beyond_bounds ? nullptr : &entry;
+}
+
+bool certainly_too_long(const CompiledPattern &program, double date, double hour, double minute,
+                        double second, int32_t fraction_digits, int32_t width) noexcept {
+  if (program.unknown_directive) return false;
+  // Before 2 January 1600 zwekday's weekdays run below Sunday and name
+  // other items.
+  if (program.names_weekdays && !is_missing(date) && !(date >= -131486)) return false;
+  const int64_t digits = std::max(fraction_digits, 0) * int64_t{program.fraction_steps};
+  const bool present =
+      !is_missing(date) && !is_missing(hour) && !is_missing(minute) && !is_missing(second);
+  const int64_t least = (present ? program.least_bytes_present : program.least_bytes) + digits;
+  return least > width && program.most_units + digits <= locale::kMaxUnits &&
+         program.most_utf8 + digits <= locale::kStepCapacity;
 }
 
 RenderedText render(const CompiledPattern &program, double date, double hour, double minute,

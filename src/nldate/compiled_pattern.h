@@ -42,6 +42,14 @@ struct CompiledPattern;
 const CompiledPattern *compiled_pattern(const locitem *record, const char *pattern,
                                         int32_t length, PieceEncoding encoding) noexcept;
 
+// True when every text the program can write for a value with these parts
+// present or missing (and these fraction digits) has more bytes than
+// `width` in the program's session encoding, and few enough units that
+// output expansion would convert it and report it too long (result 1)
+// rather than refuse it: the attempt fails without rendering.
+bool certainly_too_long(const CompiledPattern &program, double date, double hour, double minute,
+                        double second, int32_t fraction_digits, int32_t width) noexcept;
+
 // The longest text render writes, and the room it needs for it: pieces are
 // copied in blocks that may run 15 bytes past the text.
 inline constexpr int32_t kRenderCapacity = 1024;

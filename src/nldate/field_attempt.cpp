@@ -54,6 +54,12 @@ int32_t attempt_in_field(fmtreq &request, const EntryExpansion &entry, Accept ac
   if (session.compiled) {
     if (const CompiledPattern *program = compiled_pattern(entry.record(), entry.pattern(),
                                                           entry.pattern_length(), session.encoding)) {
+      placed = false;
+      if (accept == Accept::kWhole &&
+          certainly_too_long(*program, entry.date(), entry.hour(), entry.minute(), entry.second(),
+                             entry.fraction_digits(), request.width)) {
+        return locale::kExpansionShortened;
+      }
       char text[kRenderBufferSize];
       const RenderedText rendered =
           render(*program, entry.date(), entry.hour(), entry.minute(), entry.second(),

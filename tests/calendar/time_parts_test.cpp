@@ -1,4 +1,5 @@
-// The clock remainder the time routines take against the C library's fmod,
+// The clock remainder the time routines take (by a day, an hour, a minute
+// and a second) against the C library's fmod,
 // bit for bit (signed zeros included): random doubles of every magnitude up
 // to and past 2^53, whole multiples of the divisors and their neighbours
 // one unit in the last place away, both signs.  The parts of a count taken
@@ -40,7 +41,7 @@ TEST(ExactRemainder, IsFmodBitForBit) {
       values.push_back(std::nextafter(multiple, -INFINITY));
     }
   }
-  for (const double divisor : {86400.0, 3600.0, 60.0}) {
+  for (const double divisor : {86400.0, 3600.0, 60.0, 1.0}) {
     for (const double x : values) {
       const double ours = exact_remainder(x, divisor);
       const double theirs = std::fmod(x, divisor);
