@@ -61,8 +61,13 @@ const locitem *select_record_with(int32_t locale, const char *orb_locale) noexce
   // with NULs, which no code matches. Everything after the fifth character
   // (an encoding, a modifier) is ignored.
   const char *value = orb_locale != nullptr ? orb_locale : kDefaultLocale;
+  // The characters up to the first NUL, NULs after it.
   char chosen[5] = {};
-  for (std::size_t i = 0; i < sizeof chosen && value[i] != '\0'; ++i) chosen[i] = value[i];
+  chosen[0] = value[0];
+  if (chosen[0] != '\0' && (chosen[1] = value[1]) != '\0' && (chosen[2] = value[2]) != '\0' &&
+      (chosen[3] = value[3]) != '\0') {
+    chosen[4] = value[4];
+  }
   static const KeyTable table;
   return table.find(record_key(chosen[0], chosen[1], chosen[3], chosen[4]));
 }

@@ -82,6 +82,7 @@ struct Step {
   uint8_t width;
   uint8_t detail;
   uint16_t piece;
+  uint16_t suffix = 0xFFFF;  // a fixed text written right after, or none
 };
 
 constexpr std::string_view kMissingMark = "**";
@@ -94,6 +95,7 @@ struct CompiledPattern {
   bool beyond_bounds;  // remembered too: such a pattern is interpreted
   PieceEncoding encoding;
   const locitem *record;
+  const char *source;  // the compiled-in text compiled, or null
   int32_t key_length;
   char key[kKeyCapacity];
   // The program.
@@ -229,8 +231,15 @@ class Compiler {
   bool add_step(Step step, int32_t bound) noexcept {
     if (!flush_fixed()) return false;
     CompiledPattern &p = program_;
-    if (p.step_count == kMaxSteps) return false;
-    p.steps[p.step_count++] = step;
+    // A fixed text after a step that has none rides on that step: one step
+    // fewer to walk on every call.
+    if (step.op == Op::kPiece && p.step_count > 0 && p.steps[p.step_count - 1].op != Op::kPiece &&
+        p.steps[p.step_count - 1].suffix == kNoPiece) {
+      p.steps[p.step_count - 1].suffix = step.piece;
+    } else {
+      if (p.step_count == kMaxSteps) return false;
+      p.steps[p.step_count++] = step;
+    }
     if (reads_the_date(step.op)) p.reads_date = true;
     // A fixed text or separator is written on every call that reaches it.
     if (step.op == Op::kPiece && p.pieces[step.piece].bytes == nullptr) p.declines = true;
@@ -648,23 +657,51 @@ NameChoice choose_name(const CompiledPattern &program, const Step &step, const D
 
 }  // namespace
 
+namespace {
+
+// This thread's compiled patterns; the last one found is looked at first.
+struct Memo {
+  CompiledPattern entries[kMemoEntries];
+  int32_t last_found;
+  int32_t next_victim;
+};
+
+bool is_key(const CompiledPattern &entry, const locitem *record, const char *pattern,
+            int32_t length, PieceEncoding encoding, bool constant_text) noexcept {
+  return entry.filled && entry.key_length == length && entry.record == record &&
+         entry.encoding == encoding &&
+         ((constant_text && entry.source == pattern) ||
+          std::memcmp(entry.key, pattern, static_cast<std::size_t>(length)) == 0);
+}
+
+}  // namespace
+
 const CompiledPattern *compiled_pattern(const locitem *record, const char *pattern,
-                                        int32_t length, PieceEncoding encoding) noexcept {
+                                        int32_t length, PieceEncoding encoding,
+                                        bool constant_text) noexcept {
   if (pattern == nullptr || length < 0) length = 0;
   if (length > kKeyCapacity) return nullptr;
-  thread_local CompiledPattern memo[kMemoEntries];
-  thread_local int32_t next_victim = 0;
-  for (CompiledPattern &entry : memo) {
-    if (entry.filled && entry.record == record && entry.encoding == encoding &&
-        entry.key_length == length && std::memcmp(entry.key, pattern, static_cast<std::size_t>(length)) == 0) {
-      return entry.beyond_bounds ? nullptr : &entry;
+  thread_local Memo memo;
+  const CompiledPattern *found = nullptr;
+  if (is_key(memo.entries[memo.last_found], record, pattern, length, encoding, constant_text)) {
+    found = &memo.entries[memo.last_found];
+  } else {
+    for (int32_t i = 0; i < kMemoEntries; ++i) {
+      if (is_key(memo.entries[i], record, pattern, length, encoding, constant_text)) {
+        memo.last_found = i;
+        found = &memo.entries[i];
+        break;
+      }
     }
   }
-  CompiledPattern &entry = memo[next_victim];
-  next_victim = (next_victim + 1) % kMemoEntries;
+  if (found != nullptr) return found->beyond_bounds ? nullptr : found;
+  memo.last_found = memo.next_victim;
+  CompiledPattern &entry = memo.entries[memo.next_victim];
+  memo.next_victim = (memo.next_victim + 1) % kMemoEntries;
   entry.filled = false;
   entry.encoding = encoding;
   entry.record = record;
+  entry.source = constant_text ? pattern : nullptr;
   entry.key_length = length;
   if (length > 0) std::memcpy(entry.key, pattern, static_cast<std::size_t>(length));
   Compiler compiler(entry, record);
@@ -818,6 +855,11 @@ RenderedText render(const CompiledPattern &program, double date, double hour, do
       case Op::kZoneOffset:
         at = put_zone_offset(at, zone);
         break;
+    }
+    if (step.suffix != kNoPiece) {
+      const Piece &piece = program.pieces[step.suffix];
+      at = put_piece(at, piece);
+      pieces += piece.measures;
     }
   }
   return measured(out, at, pieces);

@@ -36,11 +36,14 @@ struct CompiledPattern;
 // The pattern (`length` bytes; null or 0 or less is the empty pattern)
 // compiled for `record` (null: no record, every item unfetchable) in
 // `encoding`, from this thread's memo of the last few, compiled on a miss.
+// `constant_text`: the pattern is a compiled-in item text, which never
+// changes, so the memo may know it by its address.
 // Null when the pattern is beyond the compiled form's bounds (a longer
 // pattern, more steps or name bytes than it holds): the caller interprets
 // it.  Valid until the thread's next call.
 const CompiledPattern *compiled_pattern(const locitem *record, const char *pattern,
-                                        int32_t length, PieceEncoding encoding) noexcept;
+                                        int32_t length, PieceEncoding encoding,
+                                        bool constant_text = false) noexcept;
 
 // True when every text the program can write for a value with these parts
 // present or missing (and these fraction digits) has more bytes than

@@ -35,6 +35,7 @@ int32_t clamp_digits(int32_t digits) {
 bool EntryExpansion::take_pattern(const locitem *record, const char *pattern, int32_t selector,
                                   int32_t item_mask) noexcept {
   record_ = record;
+  pattern_is_item_ = false;
   if (pattern != nullptr || selector < 1) {
     pattern_ = pattern;
     length_ = pattern != nullptr && selector > 0 ? selector : 0;
@@ -46,7 +47,9 @@ bool EntryExpansion::take_pattern(const locitem *record, const char *pattern, in
   if (entry.length > CORVINEL_LOCALE_TEXT) return false;
   pattern_ = entry.text;
   length_ = entry.text != nullptr ? entry.length : 0;
+  pattern_is_item_ = true;
   if ((selector & kAppendZoneOffset) != 0) {
+    pattern_is_item_ = false;
     std::memcpy(with_suffix_, pattern_, static_cast<std::size_t>(length_));
     std::memcpy(with_suffix_ + length_, kZoneSuffix.data(), kZoneSuffix.size());
     pattern_ = with_suffix_;

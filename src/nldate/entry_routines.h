@@ -58,6 +58,8 @@ class EntryExpansion {
   const locitem *record() const noexcept { return record_; }
   const char *pattern() const noexcept { return pattern_; }
   int32_t pattern_length() const noexcept { return length_; }
+  // The pattern is a compiled-in item text as it stands (no suffix added).
+  bool pattern_is_item() const noexcept { return pattern_is_item_; }
   int32_t fraction_digits() const noexcept { return digits_; }
   double date() const noexcept { return date_; }
   double hour() const noexcept { return hour_; }
@@ -72,6 +74,7 @@ class EntryExpansion {
   const locitem *record_ = nullptr;
   const char *pattern_ = nullptr;
   int32_t length_ = 0;
+  bool pattern_is_item_ = false;
   int32_t digits_ = 0;
   double date_ = 0, hour_ = 0, minute_ = 0, second_ = 0;
   char with_suffix_[CORVINEL_LOCALE_TEXT + kZoneSuffix.size()];

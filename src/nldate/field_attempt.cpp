@@ -53,7 +53,8 @@ int32_t attempt_in_field(fmtreq &request, const EntryExpansion &entry, Accept ac
                          const AttemptSession &session, bool &placed) noexcept {
   if (session.compiled) {
     if (const CompiledPattern *program = compiled_pattern(entry.record(), entry.pattern(),
-                                                          entry.pattern_length(), session.encoding)) {
+                                                          entry.pattern_length(), session.encoding,
+                                                          entry.pattern_is_item())) {
       placed = false;
       if (accept == Accept::kWhole &&
           certainly_too_long(*program, entry.date(), entry.hour(), entry.minute(), entry.second(),
