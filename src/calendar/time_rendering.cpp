@@ -6,6 +6,7 @@
 
 #include "calendar/calendar_rules.h"
 #include "calendar/classic_field.h"
+#include "calendar/time_split.h"
 #include "calendar/time_texts.h"
 #include "corvinel/calendar.h"
 #include "corvinel/classic_dates.h"
@@ -111,21 +112,24 @@ int32_t render_duration(char *out, int64_t width, int32_t decimals, double secon
   // Early carry: 3599.9999 shows the next hour rather than 60 seconds.
   double extra_minute = 0;
   const double near = half_unit(d);
-  if (exact_remainder(a, 3600) + near >= 3600) {
-    a -= exact_remainder(a, 3600);
+  const double into_hour = exact_remainder(a, 3600);
+  if (into_hour + near >= 3600) {
+    a -= into_hour;
     hours += 1;
-  } else if (exact_remainder(a, 60) + near >= 60) {
-    a -= exact_remainder(a, 60);
+  } else if (const double into_minute = exact_remainder(a, 60); into_minute + near >= 60) {
+    a -= into_minute;
     extra_minute = 1;
   }
-  hours += zhour(a);
+  // zhour, zminute and zsecond of a, the day's remainder taken once.
+  const ClockParts parts = split_seconds(a);
+  hours += parts.hour;
   if (!(hours <= kMaxHours)) {
     std::memset(out, '*', static_cast<size_t>(width));
     return CORVINEL_HOURS_TOO_LARGE;
   }
   auto whole_hours = static_cast<int64_t>(hours);
-  auto minutes = static_cast<int64_t>(std::trunc(extra_minute + zminute(a)));
-  const double second = zsecond(a);
+  auto minutes = static_cast<int64_t>(std::trunc(extra_minute + parts.minute));
+  const double second = parts.second;
   auto whole_seconds = static_cast<int64_t>(second);
   double fraction = second - std::trunc(second);
 

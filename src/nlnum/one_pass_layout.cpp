@@ -1,5 +1,6 @@
 #include "nlnum/one_pass_layout.h"
 
+#include <array>
 #include <cstring>
 
 #include "locale/transcode_steps.h"
@@ -108,6 +109,30 @@ char *put_before(char *end, const EncodedPiece &piece) {
   return end;
 }
 
+// "00" .. "99".
+constexpr auto kDigitPairs = [] {
+  std::array<char, 200> pairs{};
+  for (int i = 0; i < 100; ++i) {
+    pairs[2 * i] = static_cast<char>('0' + i / 10);
+    pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
+  }
+  return pairs;
+}();
+
+// Writes the lowest `count` digits of `digits` so that they end at `end`,
+// two at a time; returns where they start, and the digits left in `digits`.
+char *put_digits_before(char *end, uint64_t &digits, std::size_t count) {
+  for (; count >= 2; count -= 2, digits /= 100) {
+    end -= 2;
+    std::memcpy(end, &kDigitPairs[2 * (digits % 100)], 2);
+  }
+  if (count == 1) {
+    *--end = static_cast<char>('0' + digits % 10);
+    digits /= 10;
+  }
+  return end;
+}
+
 }  // namespace
 
 OnePassLayout compile_one_pass(const LayoutParts &parts, SessionCodeset codeset) {
@@ -162,18 +187,16 @@ OnePassAttempt place_one_pass(const OnePassLayout &layout, const ScaledDecimal &
   char *out = put_before(output + width, after);
   uint64_t digits = number.digits;
   if (has_fraction) {
-    for (std::size_t i = 0; i < fraction; ++i, digits /= 10) *--out = static_cast<char>('0' + digits % 10);
+    out = put_digits_before(out, digits, fraction);
     out = put_before(out, layout.decimal);
   }
-  std::size_t in_group = 0;
-  for (std::size_t i = 0; i < integer; ++i, digits /= 10) {
-    if (in_group == group && separators > 0) {
-      out = put_before(out, layout.separator);
-      in_group = 0;
-    }
-    *--out = static_cast<char>('0' + digits % 10);
-    ++in_group;
+  // Whole groups from the right, each followed on its left by a separator,
+  // then the first group (at least one digit).
+  for (std::size_t s = 0; s < separators; ++s) {
+    out = put_digits_before(out, digits, group);
+    out = put_before(out, layout.separator);
   }
+  out = put_digits_before(out, digits, integer - separators * group);
   put_before(out, before);
   request.outlen = width;
   return {OnePass::kPlaced, grouped, static_cast<int>(symbolic)};
