@@ -110,6 +110,7 @@ struct CompiledPattern {
   // may be missing, the most UTF-16 units and UTF-8 bytes.
   int32_t least_bytes_present, least_bytes, most_units, most_utf8;
   bool names_weekdays;  // a weekday name step (zwekday's odd weekdays before 1600)
+  bool reads_weekday;   // a step reads the weekday
   Step steps[kMaxSteps];
   Piece pieces[kMaxPieces];
   char pool[kPoolCapacity + kCopyBlock];
@@ -188,7 +189,7 @@ class Compiler {
     p.step_count = p.piece_count = p.pool_used = 0;
     p.fixed_bound = p.fraction_steps = 0;
     p.least_bytes_present = p.least_bytes = p.most_units = p.most_utf8 = 0;
-    p.names_weekdays = false;
+    p.names_weekdays = p.reads_weekday = false;
     char work[kPatternBound];
     const int32_t work_length = length <= 0 ? 0 : substitute_representations(items_, pattern, length, work);
     if (work_length < 0) return unknown();
@@ -241,6 +242,10 @@ class Compiler {
       p.steps[p.step_count++] = step;
     }
     if (reads_the_date(step.op)) p.reads_date = true;
+    if (step.op == Op::kWeekdayName || step.op == Op::kWeekdayFromMonday ||
+        step.op == Op::kWeekdayFromSunday) {
+      p.reads_weekday = true;
+    }
     // A fixed text or separator is written on every call that reaches it.
     if (step.op == Op::kPiece && p.pieces[step.piece].bytes == nullptr) p.declines = true;
     if (step.op == Op::kSecond && step.piece != kNoPiece && p.pieces[step.piece].bytes == nullptr) {
@@ -588,10 +593,11 @@ struct DayParts {
 
 // False for a date that is not missing but lies outside those years: its
 // parts come from the host's routines, and the interpreter renders it.
-bool day_parts_of(double date, DayParts &parts) noexcept {
+bool day_parts_of(double date, bool with_weekday, DayParts &parts) noexcept {
   CivilDay civil{};
   if (civil_day_of(date, civil)) {
-    parts = {true, civil.year, civil.month, civil.day, civil.day_of_year, weekday_of(date), date};
+    parts = {true,  civil.year, civil.month, civil.day, civil.day_of_year,
+             with_weekday ? weekday_of(date) : 0, date};
     return true;
   }
   parts = {false, 0, 0, 0, 0, -1, 0};
@@ -734,7 +740,7 @@ RenderedText render(const CompiledPattern &program, double date, double hour, do
     return kDeclined;
   }
   DayParts day{false, 0, 0, 0, 0, -1, 0};
-  if (program.reads_date && !day_parts_of(date, day)) return kDeclined;
+  if (program.reads_date && !day_parts_of(date, program.reads_weekday, day)) return kDeclined;
   char *at = out;
   uint64_t pieces = 0;  // the measures of the pieces written, summed
   for (int32_t s = 0; s < program.step_count; ++s) {
@@ -787,6 +793,12 @@ RenderedText render(const CompiledPattern &program, double date, double hour, do
           break;
         }
         const auto era = static_cast<Era>(step.detail);
+        if (era == Era::kGregorian && step.op == Op::kYear) {
+          // 1582..3999 here: two groups of two digits, unsigned.
+          const auto year = static_cast<uint32_t>(day.year);
+          at = put_two_digits(put_two_digits(at, year / 100), year % 100);
+          break;
+        }
         const int64_t year =
             era == Era::kGregorian
                 ? day.year

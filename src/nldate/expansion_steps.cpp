@@ -25,38 +25,7 @@ constexpr Reign reigns[4] = {
     {10600, 1989},   // 8 January 1989
 };
 
-constexpr int64_t kDaysFromMarch0ToEpoch = 715815;  // 1 March of year 0 to 1 January 1960
-constexpr int64_t kFirstValidDay = -138061;         // 1 January 1582
-constexpr int64_t kLastDayBefore4000 = 745094;      // 31 December 3999
-
 }  // namespace
-
-// Days counted from 1 March of year 0 split into 400-year eras (the
-// civil-from-days algorithm).  The 4000-year rule starts to matter only in
-// year 4000.
-bool civil_day_of(double date, CivilDay &civil) noexcept {
-  if (!(date >= kFirstValidDay && date < kLastDayBefore4000 + 1)) return false;
-  // The conversion drops the fraction toward zero; one less below zero floors it.
-  auto day_number = static_cast<int64_t>(date);
-  if (static_cast<double>(day_number) > date) --day_number;
-  const int64_t days = day_number + kDaysFromMarch0ToEpoch;  // positive in range
-  const int64_t era = days / 146097;
-  const int64_t day_of_era = days - era * 146097;
-  const int64_t year_of_era =
-      (day_of_era - day_of_era / 1460 + day_of_era / 36524 - day_of_era / 146096) / 365;
-  const int64_t day_of_march_year =
-      day_of_era - (365 * year_of_era + year_of_era / 4 - year_of_era / 100);
-  const int64_t shifted_month = (5 * day_of_march_year + 2) / 153;  // 0 = March
-  civil.day = day_of_march_year - (153 * shifted_month + 2) / 5 + 1;
-  civil.month = shifted_month < 10 ? shifted_month + 3 : shifted_month - 9;
-  civil.year = year_of_era + era * 400 + (civil.month <= 2 ? 1 : 0);
-  const bool leap = gregorian_leap(civil.year);
-  // Day of year from the day of the March-based year: January and February
-  // close the March-based year before.
-  civil.day_of_year = shifted_month < 10 ? day_of_march_year + 60 + (leap ? 1 : 0)
-                                         : day_of_march_year - 305;
-  return true;
-}
 
 Parts derive_parts(double date, double hour, double minute, double second) noexcept {
   Parts p{};

@@ -15,6 +15,7 @@
 #include "corvinel/locale_db.h"
 #include "corvinel/text.h"
 #include "nldate/pattern_expander.h"
+#include "nldate/week_numbering.h"
 
 namespace corvinel::nldate {
 
@@ -104,7 +105,42 @@ inline double clock12_of(double hour) noexcept {
 struct CivilDay {
   int64_t year, month, day, day_of_year;
 };
-bool civil_day_of(double date, CivilDay &civil) noexcept;
+
+inline constexpr int64_t kDaysFromMarch0ToEpoch = 715815;  // 1 March of year 0 to 1 January 1960
+inline constexpr int64_t kFirstValidDay = -138061;         // 1 January 1582
+inline constexpr int64_t kLastDayBefore4000 = 745094;      // 31 December 3999
+
+// Days counted from 1 March of year 0, split by Neri and Schneider's
+// Euclidean affine functions ("Euclidean affine functions and their
+// application to calendar algorithms", 2022): 400-year eras by a division,
+// the year of the era and the day of the March-based year by one 64-bit
+// multiplication (2939745 / 2^32 is 4 / 1461 with the centuries' days
+// folded in), the month and the day by another (2141 / 2^16 is 5 / 153).
+// The 4000-year rule starts to matter only in year 4000.
+inline bool civil_day_of(double date, CivilDay &civil) noexcept {
+  if (!(date >= kFirstValidDay && date < kLastDayBefore4000 + 1)) return false;
+  // The conversion drops the fraction toward zero; one less below zero floors it.
+  auto day_number = static_cast<int64_t>(date);
+  if (static_cast<double>(day_number) > date) --day_number;
+  const auto n = static_cast<uint32_t>(day_number + kDaysFromMarch0ToEpoch);  // below 2^21
+  const uint32_t n1 = 4 * n + 3;
+  const uint32_t century = n1 / 146097;
+  const uint32_t n2 = (n1 % 146097) | 3;  // 4 * (day of the century) + 3
+  const uint64_t p2 = uint64_t{2939745} * n2;
+  const auto year_of_century = static_cast<uint32_t>(p2 >> 32);
+  const uint32_t day_of_march_year = static_cast<uint32_t>(p2) / 2939745 / 4;  // 0 = 1 March
+  const uint32_t n3 = 2141 * day_of_march_year + 197913;
+  const bool january_or_february = day_of_march_year >= 306;
+  civil.year = int64_t{100} * century + year_of_century + (january_or_february ? 1 : 0);
+  civil.month = (n3 >> 16) - (january_or_february ? 12 : 0);
+  civil.day = (n3 & 0xFFFF) / 2141 + 1;
+  // Day of year from the day of the March-based year: January and February
+  // close the March-based year before.
+  civil.day_of_year = january_or_february
+                          ? int64_t{day_of_march_year} - 305
+                          : int64_t{day_of_march_year} + 60 + (gregorian_leap(civil.year) ? 1 : 0);
+  return true;
+}
 
 // zwekday(date) - 1 for a date civil_day_of splits, without zwekday's
 // checks: days counted from 2 January 1600, a Sunday, with the remainder
