@@ -6,7 +6,7 @@
 # the loop calls through its pointer, a name starting "nl").
 #   bench/ir_per_call.sh build/bench/bench/nldate/nldate_bench 'NLDATE20./en_US/corvinel'
 #   bench/ir_per_call.sh build/bench/bench/nldate/nldate_bench 'NLDATE20./en_US/strftime' strftime_format strftime
-#   bench/ir_per_call.sh build/bench/bench/nldate/nldate_bench 'NLDATE20./en_US/expand' expand_only 'corvinel::nldate::expand'
+#   bench/ir_per_call.sh build/bench/bench/nldate/expand_bench 'de_DE/long-date/expand$' expand_case 'corvinel::nldate::expand'
 set -euo pipefail
 bench=$1
 filter=$2

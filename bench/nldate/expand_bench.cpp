@@ -178,10 +178,6 @@ int main(int argc, char **argv) {
                                    as_utf8(pattern));
     }
   }
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
   RatioReporter reporter;
-  benchmark::RunSpecifiedBenchmarks(&reporter);
-  benchmark::Shutdown();
-  return 0;
+  return corvinel::bench::run_benchmarks(argc, argv, reporter);
 }

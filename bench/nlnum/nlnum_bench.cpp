@@ -157,10 +157,6 @@ int main(int argc, char **argv) {
     }
     benchmark::RegisterBenchmark((std::string(c.name) + "/snprintf").c_str(), snprintf_format, c);
   }
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
   RatioReporter reporter;
-  benchmark::RunSpecifiedBenchmarks(&reporter);
-  benchmark::Shutdown();
-  return 0;
+  return corvinel::bench::run_benchmarks(argc, argv, reporter);
 }

@@ -31,4 +31,14 @@ class RunTimesReporter : public benchmark::ConsoleReporter {
   std::map<std::string, double> nanoseconds_;
 };
 
+// The benchmarks registered so far, reported through `reporter`: the body
+// of a benchmark program's main.
+inline int run_benchmarks(int argc, char **argv, benchmark::BenchmarkReporter &reporter) {
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  benchmark::RunSpecifiedBenchmarks(&reporter);
+  benchmark::Shutdown();
+  return 0;
+}
+
 }  // namespace corvinel::bench

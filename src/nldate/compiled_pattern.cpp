@@ -421,20 +421,14 @@ class Compiler {
         return add_fixed("%");
       case 'A':
       case 'F': {
-        int32_t base = 0;
-        if (d.lower) {
-          base = d.alternate ? kWeekdayAbbreviatedAlternate : kWeekdayAbbreviated;
-        } else {
-          base = d.alternate ? kWeekdayFullAlternate : kWeekdayFull;
-        }
+        const int32_t base = weekday_names(d);
         if (!items_.get(base)) return add_fixed(kMissingMark);
         return add_name_step(Op::kWeekdayName, base, 7, d.letter == 'F');
       }
       case 'B':
-        if (d.lower) return add_name_step(Op::kMonthName, d.alternate ? kMonthAbbreviatedAlternate : kMonthAbbreviated, 12, false);
-        return add_name_step(Op::kMonthName, d.alternate ? kMonthFullAlternate : kMonthFull, 12, false);
+        return add_name_step(Op::kMonthName, month_names(d), 12, false);
       case 'C':
-        return add_name_step(Op::kMonthName, d.alternate ? kMonthFullAlternate : kMonthFull, 12, true);
+        return add_name_step(Op::kMonthName, full_month_names(d), 12, true);
       case 'D':
         return add_number(Op::kDay, 2, d.pad);
       case 'E':
@@ -478,12 +472,7 @@ class Compiler {
         return add_step({Op::kMarker, 0, 0, 0, static_cast<uint16_t>(first)}, longest);
       }
       case 'Q': {
-        int32_t base = 0;
-        if (d.lower) {
-          base = d.alternate ? kQuarterShortAlternate : kQuarterShort;
-        } else {
-          base = d.alternate ? kQuarterLongAlternate : kQuarterLong;
-        }
+        const int32_t base = quarter_names(d);
         if (!items_.get(base)) return add_fixed(kMissingMark);
         return add_name_step(Op::kQuarterName, base, 4, false);
       }

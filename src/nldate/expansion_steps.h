@@ -171,6 +171,24 @@ struct Directive {
   char letter;        // upper case; "%m" becomes 'N'
 };
 
+// The first item of the name set a directive shows: the abbreviated or
+// full names (lower or upper case), from the alternate sets with "#".
+inline int32_t weekday_names(const Directive &d) noexcept {
+  if (d.lower) return d.alternate ? kWeekdayAbbreviatedAlternate : kWeekdayAbbreviated;
+  return d.alternate ? kWeekdayFullAlternate : kWeekdayFull;
+}
+inline int32_t month_names(const Directive &d) noexcept {
+  if (d.lower) return d.alternate ? kMonthAbbreviatedAlternate : kMonthAbbreviated;
+  return d.alternate ? kMonthFullAlternate : kMonthFull;
+}
+inline int32_t full_month_names(const Directive &d) noexcept {
+  return d.alternate ? kMonthFullAlternate : kMonthFull;
+}
+inline int32_t quarter_names(const Directive &d) noexcept {
+  if (d.lower) return d.alternate ? kQuarterShortAlternate : kQuarterShort;
+  return d.alternate ? kQuarterLongAlternate : kQuarterLong;
+}
+
 // Reads the flags and letter of the directive whose "%" stands at work[i]:
 // pad or "#", one skipped digit, "+" (sets `era`, which stays set), "?",
 // the letter.  Leaves i on the letter.  False for a "%" with no letter

@@ -102,14 +102,10 @@ class Expansion {
         put_weekday(d, true);
         return true;
       case 'B':
-        if (d.lower) {
-          put_month_name(d.alternate ? kMonthAbbreviatedAlternate : kMonthAbbreviated);
-        } else {
-          put_month_name(d.alternate ? kMonthFullAlternate : kMonthFull);
-        }
+        put_month_name(month_names(d));
         return true;
       case 'C':
-        put_widest_month(d.alternate ? kMonthFullAlternate : kMonthFull);
+        put_widest_month(full_month_names(d));
         return true;
       case 'D':
         put_date_number(p.day, 2, d.pad);
@@ -270,12 +266,7 @@ class Expansion {
   }
 
   void put_weekday(const Directive &d, bool widest) noexcept {
-    int32_t base = 0;
-    if (d.lower) {
-      base = d.alternate ? kWeekdayAbbreviatedAlternate : kWeekdayAbbreviated;
-    } else {
-      base = d.alternate ? kWeekdayFullAlternate : kWeekdayFull;
-    }
+    const int32_t base = weekday_names(d);
     if (!parts_.date_present || !items_.get(base)) return out_.put_missing();
     const auto item = static_cast<int32_t>(base + parts_.weekday);
     if (widest) return put_widest(base, 7, item);
@@ -296,12 +287,7 @@ class Expansion {
   }
 
   void put_quarter(const Directive &d) noexcept {
-    int32_t base = 0;
-    if (d.lower) {
-      base = d.alternate ? kQuarterShortAlternate : kQuarterShort;
-    } else {
-      base = d.alternate ? kQuarterLongAlternate : kQuarterLong;
-    }
+    const int32_t base = quarter_names(d);
     if (month() < 1 || month() > 12 || !items_.get(base)) return out_.put_missing();
     put_item(base + (month() - 1) / 3);
   }

@@ -155,8 +155,7 @@ std::vector<int32_t> telling_widths(int32_t length) {
 }
 
 TEST(FieldAttempt, LaysWhatOutputExpansionOfTheInterpretedTextGives) {
-  const char *saved = std::getenv("TZ");
-  const std::string restore = saved != nullptr ? saved : "";
+  const SavedZone saved;
   setenv("TZ", "UTC0", 1);  // "%z" stays the same between the two paths
   tzset();
   for (const char *session_name : {kUtf8Locale, kLatin1Locale, kAsciiLocale, kEucJpLocale}) {
@@ -198,12 +197,6 @@ TEST(FieldAttempt, LaysWhatOutputExpansionOfTheInterpretedTextGives) {
       }
     }
   }
-  if (saved != nullptr) {
-    setenv("TZ", restore.c_str(), 1);
-  } else {
-    unsetenv("TZ");
-  }
-  tzset();
 }
 
 // A record whose names end inside an escape that the pattern closes: the
@@ -252,8 +245,7 @@ TEST(FieldAttempt, EscapeSplitAcrossPiecesIsLeftToExpansion) {
 // The zone offset remembered per thread is the one worked out afresh, under
 // zones set and changed between calls, unset, and longer than the memo keeps.
 TEST(ZoneOffset, RememberedOffsetFollowsTz) {
-  const char *saved = std::getenv("TZ");
-  const std::string restore = saved != nullptr ? saved : "";
+  const SavedZone saved;
   const std::string long_zone = "<" + std::string(80, 'A') + ">-3";
   for (const char *zone : {"UTC0", "EST5", "EST5EDT,M3.2.0,M11.1.0", "IST-5:30", "NST3:30", "",
                            static_cast<const char *>(nullptr), long_zone.c_str(), "EST5"}) {
@@ -273,12 +265,6 @@ TEST(ZoneOffset, RememberedOffsetFollowsTz) {
       ASSERT_EQ(std::string(passed, sizeof passed), expected) << (zone != nullptr ? zone : "(unset)");
     }
   }
-  if (saved != nullptr) {
-    setenv("TZ", restore.c_str(), 1);
-  } else {
-    unsetenv("TZ");
-  }
-  tzset();
 }
 
 }  // namespace

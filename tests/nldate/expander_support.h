@@ -4,6 +4,8 @@
 
 #include <chrono>
 #include <cstdint>
+#include <cstdlib>
+#include <ctime>
 #include <string>
 #include <string_view>
 
@@ -33,6 +35,30 @@ inline int32_t record_number(std::string_view language, std::string_view country
   }
   return -1;
 }
+
+// Keeps TZ as it was when made and puts it back (set or unset) when done.
+class SavedZone {
+ public:
+  SavedZone() {
+    const char *zone = std::getenv("TZ");
+    was_set_ = zone != nullptr;
+    if (was_set_) value_ = zone;
+  }
+  ~SavedZone() {
+    if (was_set_) {
+      setenv("TZ", value_.c_str(), 1);
+    } else {
+      unsetenv("TZ");
+    }
+    tzset();
+  }
+  SavedZone(const SavedZone &) = delete;
+  SavedZone &operator=(const SavedZone &) = delete;
+
+ private:
+  bool was_set_ = false;
+  std::string value_;
+};
 
 struct Expanded {
   int32_t result;

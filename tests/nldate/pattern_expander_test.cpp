@@ -222,8 +222,7 @@ TEST(Expander, InPlaceItemsMatchTheLookupPath) {
 // The offset "%z" writes, under fixed zones, and under the machine's own
 // against strftime's "%z" for a zone without daylight saving.
 TEST(Expander, ZoneOffsetFollowsTheMachinesZone) {
-  const char *saved = std::getenv("TZ");
-  const std::string restore = saved != nullptr ? saved : "";
+  const SavedZone saved;
   const struct {
     const char *tz;
     const char *expected;
@@ -241,12 +240,6 @@ TEST(Expander, ZoneOffsetFollowsTheMachinesZone) {
     std::strftime(theirs, sizeof theirs, "%z", &local);
     EXPECT_STREQ(theirs, zone.expected) << zone.tz;
   }
-  if (saved != nullptr) {
-    setenv("TZ", restore.c_str(), 1);
-  } else {
-    unsetenv("TZ");
-  }
-  tzset();
 }
 
 // Placing the text: cut to the field with result 1, right alignment, a
