@@ -71,6 +71,13 @@ void put_whole_number(char *positions, int32_t length, double value) {
 }
 
 void put_two_digits(char *positions, double value) {
+  // 0 to 99, the parts of a clock: the two digits straight away.
+  if (value >= 0 && value < 100) {
+    const auto whole = static_cast<int>(value);
+    positions[0] = static_cast<char>('0' + whole / 10);
+    positions[1] = static_cast<char>('0' + whole % 10);
+    return;
+  }
   put_whole_number(positions, 2, value);
   if (positions[0] == ' ' && positions[1] != ' ') positions[0] = '0';
 }

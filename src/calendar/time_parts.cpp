@@ -17,7 +17,8 @@ constexpr double kDay = 86400;
 // Seconds from 1 January 1582 to 1 January 1960: a whole number of days.
 constexpr double kFirstSecondMagnitude = -corvinel::calendar::kFirstSecond;
 
-bool usable(double seconds) { return !zmiss(seconds) && is_valid_seconds(seconds); }
+// Missing values, like every NaN, lie outside the valid range.
+bool usable(double seconds) { return is_valid_seconds(seconds); }
 
 // The parts of a usable count from its remainder by the day r: the hour,
 // and the seconds into the day that the minute and second look at (for a

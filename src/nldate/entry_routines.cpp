@@ -65,13 +65,14 @@ int32_t EntryExpansion::prepare(ValueKind kind, const locitem *record, const cha
   if (!take_pattern(record, pattern, selector, item_mask)) return kItemNotFetched;
   switch (kind) {
     case ValueKind::Date:
-      if (zmiss(value) || !in_valid_range(kind, value)) return kValueRejected;
+      // Missing values, like every NaN, lie outside the valid range.
+      if (!in_valid_range(kind, value)) return kValueRejected;
       digits_ = 0;
       date_ = value;
       hour_ = minute_ = second_ = std_miss_val;
       return 0;
     case ValueKind::Datetime: {
-      if (zmiss(value) || !in_valid_range(kind, value)) return kValueRejected;
+      if (!in_valid_range(kind, value)) return kValueRejected;
       digits_ = clamp_digits(fraction_digits);
       const calendar::ClockParts parts = calendar::split_seconds(rounded(value, digits_));
       date_ = parts.date;
@@ -81,7 +82,7 @@ int32_t EntryExpansion::prepare(ValueKind kind, const locitem *record, const cha
       return 0;
     }
     case ValueKind::Time: {
-      if (zmiss(value) || std::isnan(value) || value < 0) return kValueRejected;
+      if (std::isnan(value) || value < 0) return kValueRejected;  // missing values are NaNs
       digits_ = clamp_digits(fraction_digits);
       const double v = rounded(value, digits_);
       date_ = std_miss_val;
