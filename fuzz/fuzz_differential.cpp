@@ -1,8 +1,10 @@
 // The fast paths against the straightforward ones they replace, given the
 // same input under a session encoding drawn from the input: output
 // expansion and transcoding (converters kept per thread against iconv opened
-// for every step) and the locale number engine (digit texts written
-// directly against snprintf and localeconv).  Any difference stops the run.
+// for every step), the locale number engine (digit texts written directly
+// against snprintf and localeconv) and a date format's attempt at a pattern
+// (the compiled pattern laid into the field against the interpreted text
+// through output expansion).  Any difference stops the run.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <algorithm>
@@ -17,7 +19,9 @@
 
 #include "corvinel/fmtreq.h"
 #include "corvinel/transcode.h"
+#include "locale/locale_records.h"
 #include "locale/output_expansion.h"
+#include "nldate/field_attempt.h"
 #include "nlnum/number_engine.h"
 #include "support/session_locales.h"
 
@@ -97,6 +101,52 @@ void number_engine(FuzzedDataProvider &in) {
   }
 }
 
+void date_attempt(FuzzedDataProvider &in) {
+  constexpr corvinel::nldate::ValueKind kKinds[] = {corvinel::nldate::ValueKind::Date,
+                                                    corvinel::nldate::ValueKind::Datetime,
+                                                    corvinel::nldate::ValueKind::Time};
+  const corvinel::nldate::ValueKind kind = in.PickValueInArray(kKinds);
+  const locitem *record = corvinel::locale::select_record(in.ConsumeIntegralInRange(0, 137));
+  const int32_t width = in.ConsumeIntegralInRange(1, 60);
+  const int32_t capacity = width + in.ConsumeIntegralInRange(0, 140);
+  const int32_t digits = in.ConsumeIntegralInRange(-1, 12);
+  const auto accept = in.ConsumeBool() ? corvinel::nldate::Accept::kWhole
+                                       : corvinel::nldate::Accept::kShortened;
+  const int32_t encoding = in.ConsumeBool() ? CORVINEL_ENC_UTF16LE : 0;
+  const double value = in.ConsumeBool() ? std::bit_cast<double>(in.ConsumeIntegral<uint64_t>())
+                                        : in.ConsumeFloatingPointInRange(-2e10, 6e11);
+  // An item of the record, or a pattern of the input's own.
+  const bool own = in.ConsumeBool();
+  const int32_t selector = in.ConsumeIntegralInRange(0, 5000);
+  const std::string pattern = in.ConsumeRandomLengthString(250);
+  std::vector<char> out[2] = {std::vector<char>(static_cast<size_t>(capacity), '~'),
+                              std::vector<char>(static_cast<size_t>(capacity), '~')};
+  fmtreq request[2];
+  int32_t result[2];
+  bool placed[2] = {false, false};
+  for (int path = 0; path < 2; ++path) {
+    fmtreq &r = request[path];
+    r = fmtreq{};
+    r.width = width;
+    r.capacity = capacity;
+    r.decimals = digits;
+    r.xcode_b = encoding;
+    r.value = &value;
+    r.output = out[path].data();
+    corvinel::nldate::EntryExpansion entry;
+    result[path] = entry.prepare(kind, record, own ? pattern.data() : nullptr,
+                                 own ? static_cast<int32_t>(pattern.size()) : selector, digits, value);
+    if (result[path] != 0) continue;
+    result[path] = path == 0 ? corvinel::nldate::attempt_in_field(
+                                   r, entry, accept, corvinel::nldate::read_attempt_session(r), placed[0])
+                             : corvinel::nldate::attempt_in_field_interpreted(r, entry, accept, placed[1]);
+  }
+  if (result[0] != result[1] || placed[0] != placed[1] || request[0].outlen != request[1].outlen ||
+      request[0].xcode_state != request[1].xcode_state || out[0] != out[1]) {
+    differ("date attempt");
+  }
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerInitialize(int *, char ***) {
@@ -106,12 +156,15 @@ extern "C" int LLVMFuzzerInitialize(int *, char ***) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   FuzzedDataProvider in(data, size);
   std::setlocale(LC_ALL, in.PickValueInArray(kSessions));
-  switch (in.ConsumeIntegralInRange(0, 2)) {
+  switch (in.ConsumeIntegralInRange(0, 3)) {
     case 0:
       output_expansion(in);
       break;
     case 1:
       transcoding(in);
+      break;
+    case 2:
+      date_attempt(in);
       break;
     default:
       number_engine(in);

@@ -46,11 +46,12 @@ bool EntryExpansion::take_pattern(const locitem *record, const char *pattern, in
   const locitem &entry = record[item];
   if (entry.length > CORVINEL_LOCALE_TEXT) return false;
   pattern_ = entry.text;
-  length_ = entry.text != nullptr ? entry.length : 0;
+  length_ = entry.text != nullptr && entry.length > 0 ? entry.length : 0;
   pattern_is_item_ = true;
   if ((selector & kAppendZoneOffset) != 0) {
     pattern_is_item_ = false;
-    std::memcpy(with_suffix_, pattern_, static_cast<std::size_t>(length_));
+    // An empty item may have no text at all: nothing to copy then.
+    if (length_ > 0) std::memcpy(with_suffix_, pattern_, static_cast<std::size_t>(length_));
     std::memcpy(with_suffix_ + length_, kZoneSuffix.data(), kZoneSuffix.size());
     pattern_ = with_suffix_;
     length_ += static_cast<int32_t>(kZoneSuffix.size());

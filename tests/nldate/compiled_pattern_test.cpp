@@ -242,6 +242,34 @@ TEST(FieldAttempt, EscapeSplitAcrossPiecesIsLeftToExpansion) {
   }
 }
 
+// An empty item without a text, asked for with the zone suffix: the pattern
+// is the suffix " %z" alone, its leading blank kept (found by the
+// differential fuzzer, where the copy of the missing text was undefined).
+TEST(FieldAttempt, EmptyItemWithZoneSuffixIsTheOffsetAlone) {
+  const SavedZone saved;
+  setenv("TZ", "EST5", 1);
+  std::vector<locitem> record(ORBlocaleData[0], ORBlocaleData[0] + CORVINEL_LOCALE_ITEMS);
+  record[46] = {0, nullptr};
+  ScopedSessionLocale session(kUtf8Locale);
+  ASSERT_TRUE(session.active());
+  for (const bool compiled : {true, false}) {
+    Request request(20, 0, 1.0e9);
+    nldate::EntryExpansion entry;
+    ASSERT_EQ(entry.prepare(nldate::ValueKind::Datetime, record.data(), nullptr,
+                            46 + nldate::kAppendZoneOffset, 0, 1.0e9),
+              0);
+    bool placed = false;
+    if (compiled) {
+      nldate::attempt_in_field(*request, entry, nldate::Accept::kWhole,
+                               nldate::read_attempt_session(*request), placed);
+    } else {
+      nldate::attempt_in_field_interpreted(*request, entry, nldate::Accept::kWhole, placed);
+    }
+    EXPECT_TRUE(placed);
+    EXPECT_EQ(request.text(), " -0500") << compiled;
+  }
+}
+
 // The zone offset remembered per thread is the one worked out afresh, under
 // zones set and changed between calls, unset, and longer than the memo keeps.
 TEST(ZoneOffset, RememberedOffsetFollowsTz) {
