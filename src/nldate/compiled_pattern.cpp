@@ -665,7 +665,7 @@ bool is_key(const CompiledPattern &entry, const locitem *record, const char *pat
             int32_t length, PieceEncoding encoding, bool constant_text) noexcept {
   return entry.filled && entry.key_length == length && entry.record == record &&
          entry.encoding == encoding &&
-         ((constant_text && entry.source == pattern) ||
+         ((constant_text && entry.source == pattern) || length == 0 ||
           std::memcmp(entry.key, pattern, static_cast<std::size_t>(length)) == 0);
 }
 

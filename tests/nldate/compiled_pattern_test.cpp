@@ -59,6 +59,14 @@ TEST(CompiledPattern, SymbolicTextIsTheInterpretersText) {
                               "%#x", "%xx", "%k%+y%y %z"}) {
     patterns.emplace_back(pattern);
   }
+  // A null pattern is the empty one, as often as it is asked for (found by
+  // the differential fuzzer: the memo compared zero bytes from a null pointer).
+  for (int round = 0; round < 2; ++round) {
+    int32_t width = 10;
+    char field[10];
+    EXPECT_EQ(nldate::expand_in_record(ORBlocaleData[0], nullptr, 0, field, &width, 0, 0, 0, 0, 0), 0);
+    EXPECT_EQ(width, 0);
+  }
   char compiled[400], interpreted[400];
   for (int32_t locale = 0; locale <= CORVINEL_LOCALE_RECORDS + 1; ++locale) {
     const locitem *record = locale::select_record(locale);
