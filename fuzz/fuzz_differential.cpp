@@ -143,6 +143,14 @@ void date_attempt(FuzzedDataProvider &in) {
   }
   if (result[0] != result[1] || placed[0] != placed[1] || request[0].outlen != request[1].outlen ||
       request[0].xcode_state != request[1].xcode_state || out[0] != out[1]) {
+    for (int path = 0; path < 2; ++path) {
+      std::fprintf(stderr, "%s: result %d placed %d outlen %d field [%.*s]\n",
+                   path == 0 ? "compiled" : "interpreted", result[path], placed[path] ? 1 : 0,
+                   request[path].outlen, capacity, out[path].data());
+    }
+    std::fprintf(stderr, "record %ld kind %d digits %d accept %d encoding %d\n", record ? static_cast<long>((record - ORBlocaleData[0]) / CORVINEL_LOCALE_ITEMS) : -1L, static_cast<int>(kind), digits, static_cast<int>(accept), encoding);
+    std::fprintf(stderr, "pattern [%s] selector %d width %d value %.17g\n",
+                 own ? pattern.c_str() : "(item)", selector, width, value);
     differ("date attempt");
   }
 }

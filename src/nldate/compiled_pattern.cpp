@@ -109,6 +109,7 @@ struct CompiledPattern {
   // the fewest bytes when every part of the value is present and when any
   // may be missing, the most UTF-16 units and UTF-8 bytes.
   int32_t least_bytes_present, least_bytes, most_units, most_utf8;
+  int32_t separator_bytes;  // the decimal separators of the seconds with a fraction
   bool names_weekdays;  // a weekday name step (zwekday's odd weekdays before 1600)
   bool reads_weekday;   // a step reads the weekday
   Step steps[kMaxSteps];
@@ -188,7 +189,7 @@ class Compiler {
     p.declines = p.reads_date = false;
     p.step_count = p.piece_count = p.pool_used = 0;
     p.fixed_bound = p.fraction_steps = 0;
-    p.least_bytes_present = p.least_bytes = p.most_units = p.most_utf8 = 0;
+    p.least_bytes_present = p.least_bytes = p.most_units = p.most_utf8 = p.separator_bytes = 0;
     p.names_weekdays = p.reads_weekday = false;
     char work[kPatternBound];
     const int32_t work_length = length <= 0 ? 0 : substitute_representations(items_, pattern, length, work);
@@ -300,9 +301,10 @@ class Compiler {
         least = std::min(digits, mark);
         most_units = most_utf8 = kMostDigits;
         if (step.op == Op::kSecond && step.piece != kNoPiece) {
+          // The separator shows only with fraction digits: counted at the
+          // call, and here only towards the most.
           const Piece &separator = p.pieces[step.piece];
-          least_present += separator.length;
-          least += separator.length;
+          p.separator_bytes += separator.length;
           most_units += units(separator);
           most_utf8 += utf8(separator);
         }
@@ -714,7 +716,8 @@ bool certainly_too_long(const CompiledPattern &program, double date, double hour
   const int64_t digits = std::max(fraction_digits, 0) * int64_t{program.fraction_steps};
   const bool present =
       !is_missing(date) && !is_missing(hour) && !is_missing(minute) && !is_missing(second);
-  const int64_t least = (present ? program.least_bytes_present : program.least_bytes) + digits;
+  const int64_t least = (present ? program.least_bytes_present : program.least_bytes) + digits +
+                        (digits > 0 ? program.separator_bytes : 0);
   return least > width && program.most_units + digits <= locale::kMaxUnits &&
          program.most_utf8 + digits <= locale::kStepCapacity;
 }

@@ -162,6 +162,37 @@ std::vector<int32_t> telling_widths(int32_t length) {
   return widths;
 }
 
+// One pattern item of one record for one value: at each telling width,
+// with either acceptance and either delivery, both paths leave the same.
+void expect_same_attempts(const char *session_name, int32_t locale, nldate::ValueKind kind,
+                          int32_t selector, double value, int32_t digits) {
+  const locitem *record = locale::select_record(locale);
+  // The length of the text where it fits, to find the telling widths.
+  const Attempt wide =
+      attempt(false, kind, record, selector, digits, value, 320, 320, 0, nldate::Accept::kWhole);
+  for (const int32_t width : telling_widths(wide.placed ? wide.outlen : 40)) {
+    for (const auto accept : {nldate::Accept::kWhole, nldate::Accept::kShortened}) {
+      for (const int32_t encoding : {0, CORVINEL_ENC_UTF16LE}) {
+        const int32_t capacity = encoding == 0 ? width : 2 * width + 7;
+        const Attempt a =
+            attempt(true, kind, record, selector, digits, value, width, capacity, encoding, accept);
+        const Attempt b =
+            attempt(false, kind, record, selector, digits, value, width, capacity, encoding, accept);
+        const std::string where = std::string(session_name) + " locale " + std::to_string(locale) +
+                                  " digits " + std::to_string(digits) + " selector " +
+                                  std::to_string(selector) + " value " + std::to_string(value) +
+                                  " width " + std::to_string(width);
+        ASSERT_EQ(a.result, b.result) << where;
+        ASSERT_EQ(a.placed, b.placed) << where;
+        ASSERT_EQ(a.outlen, b.outlen) << where;
+        ASSERT_EQ(a.xcode_state, b.xcode_state) << where;
+        ASSERT_EQ(a.bytes, b.bytes) << where;
+        ASSERT_TRUE(a.guards_intact) << where;
+      }
+    }
+  }
+}
+
 TEST(FieldAttempt, LaysWhatOutputExpansionOfTheInterpretedTextGives) {
   const SavedZone saved;
   setenv("TZ", "UTC0", 1);  // "%z" stays the same between the two paths
@@ -170,35 +201,13 @@ TEST(FieldAttempt, LaysWhatOutputExpansionOfTheInterpretedTextGives) {
     ScopedSessionLocale session(session_name);
     ASSERT_TRUE(session.active()) << session_name;
     for (int32_t locale = 1; locale <= CORVINEL_LOCALE_RECORDS; ++locale) {
-      const locitem *record = locale::select_record(locale);
       for (const Kind &kind : kinds()) {
         for (const int32_t selector : kind.selectors) {
           for (const double value : kind.values) {
-            const int32_t digits = kind.kind == nldate::ValueKind::Date ? 0 : 3;
-            // The length of the text where it fits, to find the telling widths.
-            const Attempt wide = attempt(false, kind.kind, record, selector, digits, value, 320,
-                                         320, 0, nldate::Accept::kWhole);
-            for (const int32_t width : telling_widths(wide.placed ? wide.outlen : 40)) {
-              for (const auto accept : {nldate::Accept::kWhole, nldate::Accept::kShortened}) {
-                for (const int32_t encoding : {0, CORVINEL_ENC_UTF16LE}) {
-                  const int32_t capacity = encoding == 0 ? width : 2 * width + 7;
-                  const Attempt a = attempt(true, kind.kind, record, selector, digits, value,
-                                            width, capacity, encoding, accept);
-                  const Attempt b = attempt(false, kind.kind, record, selector, digits, value,
-                                            width, capacity, encoding, accept);
-                  const std::string where = std::string(session_name) + " locale " +
-                                            std::to_string(locale) + " selector " +
-                                            std::to_string(selector) + " value " +
-                                            std::to_string(value) + " width " +
-                                            std::to_string(width);
-                  ASSERT_EQ(a.result, b.result) << where;
-                  ASSERT_EQ(a.placed, b.placed) << where;
-                  ASSERT_EQ(a.outlen, b.outlen) << where;
-                  ASSERT_EQ(a.xcode_state, b.xcode_state) << where;
-                  ASSERT_EQ(a.bytes, b.bytes) << where;
-                  ASSERT_TRUE(a.guards_intact) << where;
-                }
-              }
+            // Fraction digits, with their separator, or none.
+            for (const int32_t digits : {0, 3}) {
+              expect_same_attempts(session_name, locale, kind.kind, selector, value, digits);
+              if (HasFatalFailure()) return;
             }
           }
         }
