@@ -148,9 +148,17 @@ void date_attempt(FuzzedDataProvider &in) {
                    path == 0 ? "compiled" : "interpreted", result[path], placed[path] ? 1 : 0,
                    request[path].outlen, capacity, out[path].data());
     }
-    std::fprintf(stderr, "record %ld kind %d digits %d accept %d encoding %d\n", record ? static_cast<long>((record - ORBlocaleData[0]) / CORVINEL_LOCALE_ITEMS) : -1L, static_cast<int>(kind), digits, static_cast<int>(accept), encoding);
-    std::fprintf(stderr, "pattern [%s] selector %d width %d value %.17g\n",
-                 own ? pattern.c_str() : "(item)", selector, width, value);
+    std::fprintf(stderr, "session %s capacity %d record %ld kind %d digits %d accept %d encoding %d\n", std::setlocale(LC_ALL, nullptr), capacity, record ? static_cast<long>((record - ORBlocaleData[0]) / CORVINEL_LOCALE_ITEMS) : -1L, static_cast<int>(kind), digits, static_cast<int>(accept), encoding);
+    std::fprintf(stderr, "pattern [");
+    for (const char c : own ? pattern : std::string("(item)")) {
+      const auto byte = static_cast<unsigned char>(c);
+      if (byte >= 0x20 && byte < 0x7F) {
+        std::fputc(byte, stderr);
+      } else {
+        std::fprintf(stderr, "\\x%02X", byte);
+      }
+    }
+    std::fprintf(stderr, "] selector %d width %d value %.17g\n", selector, width, value);
     differ("date attempt");
   }
 }

@@ -110,6 +110,7 @@ struct CompiledPattern {
   // may be missing, the most UTF-16 units and UTF-8 bytes.
   int32_t least_bytes_present, least_bytes, most_units, most_utf8;
   int32_t separator_bytes;  // the decimal separators of the seconds with a fraction
+  bool all_encodable;       // every piece has its bytes in the encoding
   bool names_weekdays;  // a weekday name step (zwekday's odd weekdays before 1600)
   bool reads_weekday;   // a step reads the weekday
   Step steps[kMaxSteps];
@@ -190,6 +191,7 @@ class Compiler {
     p.step_count = p.piece_count = p.pool_used = 0;
     p.fixed_bound = p.fraction_steps = 0;
     p.least_bytes_present = p.least_bytes = p.most_units = p.most_utf8 = p.separator_bytes = 0;
+    p.all_encodable = true;
     p.names_weekdays = p.reads_weekday = false;
     char work[kPatternBound];
     const int32_t work_length = length <= 0 ? 0 : substitute_representations(items_, pattern, length, work);
@@ -353,6 +355,7 @@ class Compiler {
       }
     }
     Piece piece{nullptr, 0, 0};
+    if (!encodable) p.all_encodable = false;
     if (encodable) {
       char *at = p.pool + p.pool_used;
       const int32_t room = kPoolCapacity - p.pool_used;
@@ -709,7 +712,9 @@ const CompiledPattern *compiled_pattern(const locitem *record, const char *patte
 
 bool certainly_too_long(const CompiledPattern &program, double date, double hour, double minute,
                         double second, int32_t fraction_digits, int32_t width) noexcept {
-  if (program.unknown_directive) return false;
+  // A character the session lacks may make output expansion refuse the
+  // text rather than report it too long.
+  if (program.unknown_directive || !program.all_encodable) return false;
   // Before 2 January 1600 zwekday's weekdays run below Sunday and name
   // other items.
   if (program.names_weekdays && !is_missing(date) && !(date >= -131486)) return false;

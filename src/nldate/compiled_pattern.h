@@ -47,9 +47,10 @@ const CompiledPattern *compiled_pattern(const locitem *record, const char *patte
 
 // True when every text the program can write for a value with these parts
 // present or missing (and these fraction digits) has more bytes than
-// `width` in the program's session encoding, and few enough units that
-// output expansion would convert it and report it too long (result 1)
-// rather than refuse it: the attempt fails without rendering.
+// `width` in the program's session encoding, and every character of it is
+// one the session has and few enough units that output expansion would
+// convert it and report it too long (result 1) rather than refuse it: the
+// attempt fails without rendering.
 bool certainly_too_long(const CompiledPattern &program, double date, double hour, double minute,
                         double second, int32_t fraction_digits, int32_t width) noexcept;
 

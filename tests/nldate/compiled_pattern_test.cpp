@@ -259,6 +259,43 @@ TEST(FieldAttempt, EscapeSplitAcrossPiecesIsLeftToExpansion) {
   }
 }
 
+// A text too wide for the field holding bytes the C locale's ASCII lacks
+// and NULs: output expansion refuses it (4) rather than report it too long,
+// so the width alone must not decide (the differential fuzzer's input).
+TEST(FieldAttempt, BytesTheSessionLacksAreLeftToExpansion) {
+  ScopedSessionLocale session(kAsciiLocale);
+  ASSERT_TRUE(session.active());
+  static const char kPattern[] =
+      "A\x03::<:ja_JP<U5E774>U 0Aded74>U 0Aded%%F\xAC \x00%#e\x02 \x0A%%%F\xAC `\x00" "B%%\x00"
+      "%k-1\x00'\xC0\xFE'\xC8\x98%%\x8B%%%%%%%5F\x03::<"
+      "\x0E\x0E\x0E\x0E\x0E\x0E\x0E\x0E\x0E\x0E\x0E\x0E\x0E\x0E\x0E\x0E\x0E\x0E\x0E\x0E"
+      "ggggggggggggggg<Ugggggggg";
+  const std::string pattern(kPattern, sizeof kPattern - 1);
+  const int32_t be_by = record_number("be", "BY");
+  ASSERT_GT(be_by, 0);
+  const double value = 527058823529.41174;
+  for (const int32_t width : {1, 33}) {
+    Attempt a{}, b{};
+    for (const bool compiled : {true, false}) {
+      Request request(width, 1, value);
+      nldate::EntryExpansion entry;
+      ASSERT_EQ(entry.prepare(nldate::ValueKind::Datetime, locale::select_record(be_by),
+                              pattern.data(), static_cast<int32_t>(pattern.size()), 1, value),
+                0);
+      Attempt &out = compiled ? a : b;
+      out.result = compiled ? nldate::attempt_in_field(*request, entry, nldate::Accept::kWhole,
+                                                       nldate::read_attempt_session(*request),
+                                                       out.placed)
+                            : nldate::attempt_in_field_interpreted(*request, entry,
+                                                                   nldate::Accept::kWhole, out.placed);
+      out.bytes = request.field();
+    }
+    EXPECT_EQ(a.result, b.result) << width;
+    EXPECT_EQ(a.placed, b.placed) << width;
+    EXPECT_EQ(a.bytes, b.bytes) << width;
+  }
+}
+
 // An empty item without a text, asked for with the zone suffix: the pattern
 // is the suffix " %z" alone, its leading blank kept (found by the
 // differential fuzzer, where the copy of the missing text was undefined).
