@@ -354,7 +354,9 @@ class Compiler {
         utf8 += nlnum::utf8_length(unit);
       }
     }
-    Piece piece{nullptr, 0, 0};
+    // A text without bytes in the encoding still counts its units towards
+    // the program's bounds.
+    Piece piece{nullptr, measures_of(length, units, utf8, 0), 0};
     if (!encodable) p.all_encodable = false;
     if (encodable) {
       char *at = p.pool + p.pool_used;

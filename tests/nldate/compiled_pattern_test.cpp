@@ -268,9 +268,10 @@ TEST(FieldAttempt, BytesTheSessionLacksAreLeftToExpansion) {
   static const char kPattern[] =
       "A\x03::<:ja_JP<U5E774>U 0Aded74>U 0Aded%%F\xAC \x00%#e\x02 \x0A%%%F\xAC `\x00" "B%%\x00"
       "%k-1\x00'\xC0\xFE'\xC8\x98%%\x8B%%%%%%%5F\x03::<"
-      "\x0E\x0E\x0E\x0E\x0E\x0E\x0E\x0E\x0E\x0E\x0E\x0E\x0E\x0E\x0E\x0E\x0E\x0E\x0E\x0E"
       "ggggggggggggggg<Ugggggggg";
-  const std::string pattern(kPattern, sizeof kPattern - 1);
+  // 59 shift-out bytes stand between the last "<" and the g's.
+  std::string pattern(kPattern, sizeof kPattern - 1);
+  pattern.insert(pattern.size() - 25, 59, '\x0E');
   const int32_t be_by = record_number("be", "BY");
   ASSERT_GT(be_by, 0);
   const double value = 527058823529.41174;
