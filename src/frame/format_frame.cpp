@@ -56,18 +56,8 @@ int32_t check_limits(const fmtreq &request, const Limits &limits) {
   return CORVINEL_OK;
 }
 
-double read_value(const fmtreq &request) {
-  return request.value != nullptr ? *request.value : std_miss_val;
-}
-
-bool is_missing(double value) { return zmiss(value) != 0; }
-
 int32_t writable_field_length(const fmtreq &request) {
   return std::clamp(request.width, 0, buffer_length(request));
-}
-
-bool field_fits_buffer(const fmtreq &request) {
-  return request.width >= 1 && request.width <= buffer_length(request);
 }
 
 void blank_field(fmtreq &request) { fill_field_with(request, ' '); }

@@ -12,10 +12,12 @@
 // renderer may rely on 1 <= width <= capacity and a non-null `output`.
 #pragma once
 
+#include <bit>
 #include <cstdint>
 
 #include "corvinel/fmtinfo.h"
 #include "corvinel/fmtreq.h"
+#include "corvinel/missing.h"
 
 namespace corvinel::frame {
 
@@ -37,14 +39,25 @@ constexpr Limits limits_of(const fmtdesc &descriptor) {
 int32_t check_limits(const fmtreq &request, const Limits &limits);
 
 // The value the request points at (read once per call by the caller).
-double read_value(const fmtreq &request);
-bool is_missing(double value);
+inline double read_value(const fmtreq &request) {
+  return request.value != nullptr ? *request.value : std_miss_val;
+}
+
+// One of the host's missing values: a NaN whose top 16 bits are all ones and
+// whose low 40 bits are zero (zmiss).  Inline, as every format asks it.
+inline bool is_missing(double value) {
+  const auto bits = std::bit_cast<uint64_t>(value);
+  return (bits & 0xFFFF000000000000ull) == 0xFFFF000000000000ull &&
+         (bits & 0x000000FFFFFFFFFFull) == 0;
+}
 
 // Bytes of the field that may be written: min(width, capacity), at least 0,
 // and 0 without a buffer.
 int32_t writable_field_length(const fmtreq &request);
 // True when the whole field lies in the buffer and is at least one byte wide.
-bool field_fits_buffer(const fmtreq &request);
+inline bool field_fits_buffer(const fmtreq &request) {
+  return request.output != nullptr && request.width >= 1 && request.width <= request.capacity;
+}
 
 // Sets outlen to the field width and fills the field with blanks.
 void blank_field(fmtreq &request);

@@ -6,12 +6,12 @@
 #include <cstring>
 
 #include "corvinel/missing.h"
+#include "frame/format_frame.h"
 #include "frame/missing_mark.h"
 
 namespace {
 
 constexpr uint64_t kTopMask = 0xFFFF000000000000ull;
-constexpr uint64_t kLowMask = 0x000000FFFFFFFFFFull;
 constexpr uint64_t kStandardMissingBits = 0xFFFFFE0000000000ull;
 constexpr int kMarkCount = 29;
 
@@ -53,10 +53,7 @@ int64_t missing_mark_position(int64_t width, int32_t decimals) {
 
 extern "C" {
 
-int32_t zmiss(double value) {
-  const uint64_t bits = bits_of(value);
-  return ((bits & kTopMask) == kTopMask && (bits & kLowMask) == 0) ? 1 : 0;
-}
+int32_t zmiss(double value) { return corvinel::frame::is_missing(value) ? 1 : 0; }
 
 // Without a buffer (null output) only outlen is set; a null value pointer
 // renders as the standard missing value.

@@ -7,21 +7,25 @@ namespace corvinel::locale {
 namespace {
 
 // The rest of the entry after its first byte against the name: byte by
-// byte, stopping at the first difference, so never past the entry's NUL.
-bool rest_matches(const char *entry, const char *name_equals, std::size_t length) noexcept {
-  std::size_t i = 1;
-  while (i < length && entry[i] == name_equals[i]) ++i;
-  return i == length;
+// byte, stopping at the first difference, so never past the entry's NUL
+// (no byte of a name is NUL).  Inlined with a constant name, the loop
+// unrolls into one compare with an immediate per byte.
+[[gnu::always_inline]] inline bool rest_matches(const char *entry, const char *name_equals,
+                                                std::size_t length) noexcept {
+#pragma GCC unroll 16
+  for (std::size_t i = 1; i < length; ++i) {
+    if (entry[i] != name_equals[i]) return false;
+  }
+  return true;
 }
-
-}  // namespace
 
 // getenv walks the environment comparing the first two bytes of each entry
 // as one 16-bit unit before it calls strncmp.  Most entries differ from the
 // name in their first byte, so this walk tests that byte alone, four
 // entries to a round, and compares the rest only when it matches: the same
 // entry in about two thirds of the instructions.
-const char *environment_value(const char *name_equals, std::size_t length) noexcept {
+[[gnu::always_inline]] inline const char *scan_for(const char *name_equals,
+                                                   std::size_t length) noexcept {
   char **entries = environ;
   if (entries == nullptr || length == 0) return nullptr;
   const char first = name_equals[0];
@@ -35,16 +39,17 @@ const char *environment_value(const char *name_equals, std::size_t length) noexc
   }
 }
 
-EnvironmentPair environment_values(const char *first_name_equals, std::size_t first_length,
-                                   const char *second_name_equals,
-                                   std::size_t second_length) noexcept {
+// The same walk for two names: an entry that begins like either is compared
+// in full; the first match of each name is kept.
+[[gnu::always_inline]] inline EnvironmentPair scan_for_both(const char *first_name_equals,
+                                                            std::size_t first_length,
+                                                            const char *second_name_equals,
+                                                            std::size_t second_length) noexcept {
   char **entries = environ;
   if (entries == nullptr || first_length == 0 || second_length == 0) {
-    return {environment_value(first_name_equals, first_length),
-            environment_value(second_name_equals, second_length)};
+    return {scan_for(first_name_equals, first_length),
+            scan_for(second_name_equals, second_length)};
   }
-  // The same walk for two names: an entry that begins like either is
-  // compared in full; the first match of each name is kept.
   EnvironmentPair found{nullptr, nullptr};
   const char first = first_name_equals[0], second = second_name_equals[0];
   const auto look_at = [&](const char *entry) {
@@ -64,6 +69,30 @@ EnvironmentPair environment_values(const char *first_name_equals, std::size_t fi
       look_at(entries[k]);
     }
   }
+}
+
+}  // namespace
+
+const char *environment_value(const char *name_equals, std::size_t length) noexcept {
+  return scan_for(name_equals, length);
+}
+
+EnvironmentPair environment_values(const char *first_name_equals, std::size_t first_length,
+                                   const char *second_name_equals,
+                                   std::size_t second_length) noexcept {
+  return scan_for_both(first_name_equals, first_length, second_name_equals, second_length);
+}
+
+// The variables the formats read, each walk compiled for its constant name.
+const char *orb_locale_value() noexcept {
+  return scan_for(kOrbLocaleName, sizeof kOrbLocaleName - 1);
+}
+
+const char *zone_value() noexcept { return scan_for(kZoneName, sizeof kZoneName - 1); }
+
+EnvironmentPair orb_locale_and_zone_values() noexcept {
+  return scan_for_both(kOrbLocaleName, sizeof kOrbLocaleName - 1, kZoneName,
+                       sizeof kZoneName - 1);
 }
 
 }  // namespace corvinel::locale

@@ -26,15 +26,11 @@ EnvironmentPair environment_values(const char *first_name_equals, std::size_t fi
 inline constexpr char kOrbLocaleName[] = "ORB_LOCALE=";
 inline constexpr char kZoneName[] = "TZ=";
 
-// ORB_LOCALE, the variable every format reads.
-inline const char *orb_locale_value() noexcept {
-  return environment_value(kOrbLocaleName, sizeof kOrbLocaleName - 1);
-}
-
-// ORB_LOCALE and TZ together, for the formats that show the zone offset.
-inline EnvironmentPair orb_locale_and_zone_values() noexcept {
-  return environment_values(kOrbLocaleName, sizeof kOrbLocaleName - 1, kZoneName,
-                            sizeof kZoneName - 1);
-}
+// ORB_LOCALE, the variable every format reads; TZ; and both in one walk,
+// for the formats that show the zone offset.  The same entries as
+// environment_value finds, by walks compiled for these names.
+const char *orb_locale_value() noexcept;
+const char *zone_value() noexcept;
+EnvironmentPair orb_locale_and_zone_values() noexcept;
 
 }  // namespace corvinel::locale

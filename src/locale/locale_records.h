@@ -15,8 +15,9 @@ namespace corvinel::locale {
 // setting bit 5 maps exactly the letters of either case onto the
 // lower-case letters, and nothing else onto a letter.
 constexpr uint32_t record_key(char c0, char c1, char c3, char c4) noexcept {
-  const auto fold = [](char c) { return static_cast<uint32_t>(static_cast<unsigned char>(c) | 0x20u); };
-  return fold(c0) | fold(c1) << 8 | fold(c3) << 16 | fold(c4) << 24;
+  const auto byte = [](char c) { return static_cast<uint32_t>(static_cast<unsigned char>(c)); };
+  // Each byte with its 0x20 bit set: case folded for letters.
+  return (byte(c0) | byte(c1) << 8 | byte(c3) << 16 | byte(c4) << 24) | 0x20202020u;
 }
 
 // record_key of each record's language (item 4) and country (item 5), in

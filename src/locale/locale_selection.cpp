@@ -62,14 +62,13 @@ const locitem *select_record_with(int32_t locale, const char *orb_locale) noexce
   // (an encoding, a modifier) is ignored.
   const char *value = orb_locale != nullptr ? orb_locale : kDefaultLocale;
   // The characters up to the first NUL, NULs after it.
-  char chosen[5] = {};
-  chosen[0] = value[0];
-  if (chosen[0] != '\0' && (chosen[1] = value[1]) != '\0' && (chosen[2] = value[2]) != '\0' &&
-      (chosen[3] = value[3]) != '\0') {
-    chosen[4] = value[4];
+  char c1 = '\0', c3 = '\0', c4 = '\0';
+  const char c0 = value[0];
+  if (c0 != '\0' && (c1 = value[1]) != '\0' && value[2] != '\0' && (c3 = value[3]) != '\0') {
+    c4 = value[4];
   }
   static const KeyTable table;
-  return table.find(record_key(chosen[0], chosen[1], chosen[3], chosen[4]));
+  return table.find(record_key(c0, c1, c3, c4));
 }
 
 int32_t copy_item(const locitem *record, int32_t item, char *out, int32_t outcap) noexcept {

@@ -34,7 +34,16 @@ struct PatternConvention {
   bool complete = false;
 };
 
-bool is_pattern_item(int32_t item) noexcept;
+// The pattern items: the currency pattern and its canonical twin (170,
+// 171), the number and percent patterns and theirs (183 .. 186).
+inline constexpr int32_t kCurrencyPattern = 170;
+inline constexpr int32_t kCurrencyPatternCanonical = 171;
+inline constexpr int32_t kNumberPattern = 183;
+
+inline bool is_pattern_item(int32_t item) noexcept {
+  return item == kCurrencyPattern || item == kCurrencyPatternCanonical ||
+         (item >= kNumberPattern && item <= kNumberPattern + 3);
+}
 
 // The convention of pattern item `item` of `record`.  A null record (a
 // locale that ORB_LOCALE does not name) gives empty texts and zeros apart

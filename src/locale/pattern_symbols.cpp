@@ -16,9 +16,6 @@ namespace corvinel::locale {
 namespace {
 
 // Item codes of the patterns and their conventions.
-constexpr int32_t kCurrencyPattern = 170;
-constexpr int32_t kCurrencyPatternCanonical = 171;
-constexpr int32_t kNumberPattern = 183;
 constexpr int32_t kPercentPattern = 185;
 constexpr int32_t kPercentPatternCanonical = 186;
 
@@ -110,11 +107,6 @@ void copy_text(std::string_view text, char (&field)[CORVINEL_LOCALE_TEXT]) noexc
 }
 
 }  // namespace
-
-bool is_pattern_item(int32_t item) noexcept {
-  return item == kCurrencyPattern || item == kCurrencyPatternCanonical ||
-         (item >= kNumberPattern && item <= kPercentPatternCanonical);
-}
 
 PatternConvention read_pattern_convention(const locitem *record, int32_t item) noexcept {
   const ItemReader items(record);

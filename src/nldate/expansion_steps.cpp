@@ -169,9 +169,7 @@ void write_zone_offset_uncached(char *out) noexcept {
 void write_zone_offset(char *out, const ZoneReading &reading) noexcept {
   thread_local ZoneMemo memo;
   const time_t now = time(nullptr);
-  const char *zone = reading.read
-                         ? reading.value
-                         : locale::environment_value(locale::kZoneName, sizeof locale::kZoneName - 1);
+  const char *zone = reading.read ? reading.value : locale::zone_value();
   const std::size_t zone_length = zone != nullptr ? std::strlen(zone) : 0;
   if (memo.filled && memo.second == now && memo.zone_set == (zone != nullptr) &&
       memo.zone_length == zone_length &&

@@ -89,6 +89,16 @@ bool exact_scaled(double value, int precision, u128 &scaled) {
     scaled = static_cast<u128>(significand << exponent) * scale;
   } else if (-exponent >= 118) {
     scaled = 0;  // below half a unit of the last place
+  } else if (precision <= 3 && exponent > -64) {
+    // The common case in 64 bits: a 53-bit significand times at most 10^3
+    // stays below 2^63.
+    const int shift = -exponent;
+    const uint64_t product = significand * scale;
+    uint64_t whole = product >> shift;
+    const uint64_t rest = product & ((uint64_t{1} << shift) - 1);
+    const uint64_t half = uint64_t{1} << (shift - 1);
+    if (rest > half || (rest == half && (whole & 1) != 0)) ++whole;
+    scaled = whole;
   } else {
     const int shift = -exponent;
     const u128 product = static_cast<u128>(significand) * scale;

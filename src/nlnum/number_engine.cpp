@@ -5,6 +5,7 @@
 
 #include "corvinel/locale_db.h"
 #include "corvinel/missing.h"
+#include "frame/format_frame.h"
 #include "locale/locale_records.h"
 #include "locale/pattern_convention.h"
 #include "nlnum/currency_layouts.h"
@@ -170,12 +171,11 @@ int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtr
   }
   request.outlen = w;
   const double value = request.value != nullptr ? *request.value : std_miss_val;
-  if (zmiss(value)) return render_missing(request);
+  if (frame::is_missing(value)) return render_missing(request);
 
   const typename Sources::Texts texts;
-  const NumberMarks marks{convention.decimal, convention.separator, convention.grouping};
   FittingState state{std::clamp(request.decimals, 0, kMaxPrecision)};
-  if (marks.decimal.empty()) state.decimals = 0;
+  if (convention.decimal.empty()) state.decimals = 0;
   // The one pass lays fixed texts out as numbers only where the general
   // attempt splits them at their decimal point.
   if (!delivers_session_bytes(request)) one_pass = nullptr;
@@ -184,10 +184,6 @@ int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtr
   }
   // Every way out of the attempts below writes the whole field.
   const bool negative = value < 0;
-  const auto layout = [&] { return layout_of(convention, negative); };
-  const std::string_view sign = negative ? convention.negative : convention.positive;
-  const bool bracket_blank = value > 0 && convention.n_sign_posn == 0;
-
   char digits[kDigitTextCapacity];
   AssembledNumber number;
   char composed[kComposedCapacity];
@@ -219,14 +215,17 @@ int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtr
     // is not known once expansion has cut the text).
     int result_length = w + 1;
     if (n <= w && std::strchr(digits, '*') == nullptr) {
+      const NumberMarks marks{convention.decimal, convention.separator, convention.grouping};
       assemble_number(digits, state.decimals, marks, state.grouping_allowed,
                       texts.mon_decimal_point(), number);
       state.grouped = state.grouped || number.grouped;
       state.two_byte_decimal = state.two_byte_decimal || number.two_byte_decimal;
       result_length = number.length;
       if (number.length <= kMaxAssembledNumber) {
-        result_length = compose_layout(layout(), convention.symbol, sign, negative, number.view(),
-                                       bracket_blank, composed);
+        const std::string_view sign = negative ? convention.negative : convention.positive;
+        const bool bracket_blank = value > 0 && convention.n_sign_posn == 0;
+        result_length = compose_layout(layout_of(convention, negative), convention.symbol, sign,
+                                       negative, number.view(), bracket_blank, composed);
         switch (place_right_aligned(request, codeset, output, w, composed, result_length,
                                     request.capacity)) {
           case Placement::kPlaced: return CORVINEL_OK;

@@ -202,8 +202,4 @@ OnePassAttempt place_one_pass(const OnePassLayout &layout, const ScaledDecimal &
   return {OnePass::kPlaced, grouped, static_cast<int>(symbolic)};
 }
 
-bool delivers_session_bytes(const fmtreq &request) {
-  return request.xcode_b != CORVINEL_ENC_UTF16LE && !delivers_16_bit_units(request);
-}
-
 }  // namespace corvinel::nlnum

@@ -19,6 +19,7 @@
 
 #include "corvinel/fmtreq.h"
 #include "nlnum/digit_texts.h"
+#include "nlnum/request_expansion.h"
 #include "nlnum/simple_expansion.h"
 
 namespace corvinel::nlnum {
@@ -82,6 +83,8 @@ OnePassAttempt place_one_pass(const OnePassLayout &layout, const ScaledDecimal &
 
 // Whether the request's field is written in session bytes (no 16-bit units
 // asked for or already delivered).
-bool delivers_session_bytes(const fmtreq &request);
+inline bool delivers_session_bytes(const fmtreq &request) {
+  return request.xcode_b != CORVINEL_ENC_UTF16LE && !delivers_16_bit_units(request);
+}
 
 }  // namespace corvinel::nlnum

@@ -49,6 +49,13 @@ std::string disagreement() {
     const char *theirs = std::getenv(name);
     if (ours != theirs) return name;
   }
+  // The walks compiled for the names the formats read.
+  if (locale::orb_locale_value() != std::getenv("ORB_LOCALE")) return "orb_locale_value";
+  if (locale::zone_value() != std::getenv("TZ")) return "zone_value";
+  const locale::EnvironmentPair read = locale::orb_locale_and_zone_values();
+  if (read.first != std::getenv("ORB_LOCALE") || read.second != std::getenv("TZ")) {
+    return "orb_locale_and_zone_values";
+  }
   // Two names in one walk, also names that share their first bytes.
   const char *const kPairs[][2] = {{"ORB_LOCALE", "TZ"}, {"TZ", "TZZ"}, {"O", "OR"},
                                    {"ORB_LOCAL", "ORB_LOCALE"}, {"PATH", "T"},
