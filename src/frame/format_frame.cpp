@@ -60,7 +60,7 @@ int32_t writable_field_length(const fmtreq &request) {
   return std::clamp(request.width, 0, buffer_length(request));
 }
 
-void blank_field(fmtreq &request) { fill_field_with(request, ' '); }
+void blank_field_cut_to_buffer(fmtreq &request) { fill_field_with(request, ' '); }
 
 int32_t fill_stars(fmtreq &request) {
   fill_field_with(request, '*');

@@ -14,6 +14,7 @@
 
 #include <bit>
 #include <cstdint>
+#include <cstring>
 
 #include "corvinel/fmtinfo.h"
 #include "corvinel/fmtreq.h"
@@ -59,8 +60,17 @@ inline bool field_fits_buffer(const fmtreq &request) {
   return request.output != nullptr && request.width >= 1 && request.width <= request.capacity;
 }
 
-// Sets outlen to the field width and fills the field with blanks.
-void blank_field(fmtreq &request);
+// Sets outlen to the field width and fills the field with blanks; the
+// common case, a field inside the buffer, inline.
+void blank_field_cut_to_buffer(fmtreq &request);
+inline void blank_field(fmtreq &request) {
+  if (field_fits_buffer(request)) {
+    std::memset(request.output, ' ', static_cast<std::size_t>(request.width));
+    request.outlen = request.width;
+    return;
+  }
+  blank_field_cut_to_buffer(request);
+}
 // Fills the field with "*" and sets outlen to its width; returns 0 (CORVINEL_OK),
 // the result of every format that shows an overflowing value.
 int32_t fill_stars(fmtreq &request);

@@ -74,18 +74,9 @@ class AmountFitting {
   AmountFitting(fmtreq &request, const MonetaryConvention &convention, std::string_view symbol,
                 const OnePassLayout *one_pass, const OnePassLayout *one_pass_without_symbol,
                 SessionCodeset codeset, double value)
-      : request_(request), value_(value), symbol_(symbol),
-        marks_{convention.decimal, convention.separator, convention.grouping},
-        one_pass_(one_pass), one_pass_without_symbol_(one_pass_without_symbol), codeset_(codeset) {
-    const bool negative = value < 0;
-    negative_ = negative;
-    layout_ = negative ? layout_for(convention.n_cs_precedes, convention.n_sep_by_space,
-                                    convention.n_sign_posn)
-                       : layout_for(convention.p_cs_precedes, convention.p_sep_by_space,
-                                    convention.p_sign_posn);
-    sign_ = negative ? convention.negative : convention.positive;
-    bracket_blank_ = value > 0 && convention.n_sign_posn == 0;
-  }
+      : request_(request), value_(value), symbol_(symbol), convention_(convention),
+        one_pass_(one_pass), one_pass_without_symbol_(one_pass_without_symbol), codeset_(codeset),
+        negative_(value < 0) {}
 
   int32_t render() {
     const int32_t width = request_.width;
@@ -158,12 +149,20 @@ class AmountFitting {
       fixed_written_ = true;
       digits = fixed_;
     }
-    assemble_number(digits, decimals, marks_, grouping, texts_.mon_decimal_point(), number_);
+    // What the general attempt needs beyond the one pass, worked out here
+    // because most calls never get this far.
+    const MonetaryConvention &c = convention_;
+    const NumberMarks marks{c.decimal, c.separator, c.grouping};
+    assemble_number(digits, decimals, marks, grouping, texts_.mon_decimal_point(), number_);
     int length = number_.length;
     if (number_.length <= kMaxAssembledNumber) {
+      const char *layout = negative_ ? layout_for(c.n_cs_precedes, c.n_sep_by_space, c.n_sign_posn)
+                                     : layout_for(c.p_cs_precedes, c.p_sep_by_space, c.p_sign_posn);
+      const std::string_view sign = negative_ ? c.negative : c.positive;
+      const bool bracket_blank = value_ > 0 && c.n_sign_posn == 0;
       char composed[kComposedCapacity];
-      length = compose_layout(layout_, with_symbol ? symbol_ : std::string_view(), sign_,
-                              negative_, number_.view(), bracket_blank_, composed);
+      length = compose_layout(layout, with_symbol ? symbol_ : std::string_view(), sign, negative_,
+                              number_.view(), bracket_blank, composed);
       switch (place_right_aligned(request_, codeset_, request_.output, request_.width, composed,
                                   length, request_.capacity)) {
         case Placement::kPlaced: done_ = CORVINEL_OK; return true;
@@ -198,17 +197,14 @@ class AmountFitting {
   fmtreq &request_;
   const double value_;
   const std::string_view symbol_;
-  const NumberMarks marks_;
+  const MonetaryConvention &convention_;
   // The one pass of the attempts with and without the symbol; null: they
   // compose and expand.
   const OnePassLayout *one_pass_;
   const OnePassLayout *one_pass_without_symbol_;
   const SessionCodeset codeset_;
   const FastNumberTexts texts_;
-  const char *layout_;
-  std::string_view sign_;
-  bool negative_;
-  bool bracket_blank_;
+  const bool negative_;
   AssembledNumber number_;
   static constexpr const char *kFixedText = nullptr;
   const ScaledDecimal *scaled_ = nullptr;  // the fixed text as a number, when the one pass can use it

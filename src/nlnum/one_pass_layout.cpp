@@ -102,10 +102,33 @@ bool compile_sign_class(const LayoutParts &parts, int sign_class, SessionCodeset
   return true;
 }
 
-// Writes `piece` so that it ends at `end`; returns where it starts.
-char *put_before(char *end, const EncodedPiece &piece) {
-  // Pieces are a few bytes: a loop is cheaper than a call.
-  for (std::size_t i = piece.length; i > 0; --i) *--end = piece.bytes[i - 1];
+// Writes `bytes` (2 .. kPieceCapacity of them) so that they end at `end`;
+// returns where they start.  Two fixed-size copies that overlap in the
+// middle instead of a call to memcpy.
+[[gnu::noinline]] char *put_longer_before(char *end, const char *bytes, std::size_t length) {
+  end -= length;
+  if (length <= 3) {
+    std::memcpy(end, bytes, 2);
+    std::memcpy(end + length - 2, bytes + length - 2, 2);
+  } else if (length <= 7) {
+    std::memcpy(end, bytes, 4);
+    std::memcpy(end + length - 4, bytes + length - 4, 4);
+  } else if (length <= 15) {
+    std::memcpy(end, bytes, 8);
+    std::memcpy(end + length - 8, bytes + length - 8, 8);
+  } else {
+    std::memcpy(end, bytes, 16);
+    std::memcpy(end + length - 16, bytes + length - 16, 16);
+  }
+  return end;
+}
+
+// Writes `piece` so that it ends at `end`; returns where it starts.  Most
+// pieces are empty or one byte (a sign, a separator, a decimal mark).
+inline char *put_before(char *end, const EncodedPiece &piece) {
+  const std::size_t length = piece.length;
+  if (length > 1) return put_longer_before(end, piece.bytes, length);
+  if (length == 1) *--end = piece.bytes[0];
   return end;
 }
 
@@ -118,6 +141,27 @@ constexpr auto kDigitPairs = [] {
   }
   return pairs;
 }();
+
+// "000" .. "999", four bytes apart.
+constexpr auto kDigitTriples = [] {
+  std::array<char, 4000> triples{};
+  for (int i = 0; i < 1000; ++i) {
+    triples[4 * i] = static_cast<char>('0' + i / 100);
+    triples[4 * i + 1] = static_cast<char>('0' + i / 10 % 10);
+    triples[4 * i + 2] = static_cast<char>('0' + i % 10);
+  }
+  return triples;
+}();
+
+// Writes the lowest three digits of `digits` so that they end at `end`;
+// returns where they start, and the digits left in `digits`.
+char *put_three_digits_before(char *end, uint64_t &digits) {
+  const uint64_t rest = digits / 1000;
+  end -= 3;
+  std::memcpy(end, &kDigitTriples[4 * (digits - rest * 1000)], 3);
+  digits = rest;
+  return end;
+}
 
 // Writes the lowest `count` digits of `digits` so that they end at `end`,
 // two at a time; returns where they start, and the digits left in `digits`.
@@ -192,9 +236,16 @@ OnePassAttempt place_one_pass(const OnePassLayout &layout, const ScaledDecimal &
   }
   // Whole groups from the right, each followed on its left by a separator,
   // then the first group (at least one digit).
-  for (std::size_t s = 0; s < separators; ++s) {
-    out = put_digits_before(out, digits, group);
-    out = put_before(out, layout.separator);
+  if (group == 3) {  // the common grouping, a group at a time
+    for (std::size_t s = 0; s < separators; ++s) {
+      out = put_three_digits_before(out, digits);
+      out = put_before(out, layout.separator);
+    }
+  } else {
+    for (std::size_t s = 0; s < separators; ++s) {
+      out = put_digits_before(out, digits, group);
+      out = put_before(out, layout.separator);
+    }
   }
   out = put_digits_before(out, digits, integer - separators * group);
   put_before(out, before);

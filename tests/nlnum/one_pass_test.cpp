@@ -163,6 +163,35 @@ TEST_P(OnePass, CurrencyFormatsMatchTheGeneralAttempts) {
   EXPECT_EQ(failures, 0);
 }
 
+// Symbols of every length up to the widest field, before and after the
+// number in every layout: the pieces the one pass copies take every size.
+TEST_P(OnePass, LongSymbolsMatchTheGeneralAttempts) {
+  const std::string letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefgh";
+  int failures = 0;
+  for (std::size_t length = 1; length <= 32; ++length) {
+    const std::string symbol = letters.substr(0, length);
+    for (int layout = 0; layout < 30; ++layout) {
+      monetary_conventions currency = lconv_monetary[0];
+      currency.currency_symbol = symbol.c_str();
+      currency.int_curr_symbol = symbol.c_str();
+      currency.p_cs_precedes = currency.n_cs_precedes = static_cast<char>(layout % 2);
+      currency.p_sep_by_space = currency.n_sep_by_space = static_cast<char>(layout / 2 % 3);
+      currency.p_sign_posn = currency.n_sign_posn = static_cast<char>(layout / 6);
+      for (const double value : {1234.5, -0.25, 7.0}) {
+        for (int32_t width = static_cast<int32_t>(length); width <= 40; width += 3) {
+          const Turn t{width, 2, value, 1 + layout % kRecords, false};
+          const Outcome a = run(t, [&](Request &r) { return nlmnyloc(r.get(), &currency); });
+          const Outcome b = run(t, [&](Request &r) { return nlmnyloc_general(r.get(), &currency); });
+          if (!(a == b && a.intact) && ++failures <= 5) {
+            ADD_FAILURE() << describe(t) << " symbol " << symbol << " layout " << layout;
+          }
+        }
+      }
+    }
+  }
+  EXPECT_EQ(failures, 0);
+}
+
 INSTANTIATE_TEST_SUITE_P(Sessions, OnePass,
                          ::testing::Values(kUtf8Locale, kLatin1Locale, kEucJpLocale, kAsciiLocale),
                          [](const auto &info) {
