@@ -72,7 +72,7 @@ using u128 = unsigned __int128;
 // nearest integer, a tie to the even one, as printf rounds in the default
 // rounding mode.  The product of a 53-bit significand and 10^19 needs at
 // most 117 bits.  False for values it does not take.
-bool exact_scaled(double value, int precision, u128 &scaled) {
+[[gnu::always_inline]] inline bool exact_scaled(double value, int precision, u128 &scaled) {
   if (precision >= kExactPrecisions) return false;
   uint64_t bits;
   std::memcpy(&bits, &value, sizeof bits);
