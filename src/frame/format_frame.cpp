@@ -47,8 +47,7 @@ int32_t number_mark_decimals(const fmtreq &request) {
 
 }  // namespace
 
-int32_t check_limits(const fmtreq &request, const Limits &limits) {
-  if ((request.flags & FMTREQ_CHECK_LIMITS) == 0) return CORVINEL_OK;
+int32_t check_limits_of(const fmtreq &request, const Limits &limits) {
   if (request.width < limits.min_width) return CORVINEL_WIDTH_TOO_SMALL;
   if (request.width > limits.max_width) return CORVINEL_WIDTH_TOO_LARGE;
   if (request.decimals < limits.min_decimals) return CORVINEL_DECIMALS_TOO_SMALL;

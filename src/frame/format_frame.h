@@ -34,10 +34,16 @@ constexpr Limits limits_of(const fmtdesc &descriptor) {
   return {descriptor.minw, descriptor.maxw, descriptor.mind, descriptor.maxd};
 }
 
+// The checks of check_limits, made whatever the flags say.
+int32_t check_limits_of(const fmtreq &request, const Limits &limits);
+
 // With flags bit 0 set: the first failing check in the order 39 (width too
 // small), 40 (too large), 41 (decimals too small), 42 (too large); else 0.
 // Without the bit: 0, the host is trusted.
-int32_t check_limits(const fmtreq &request, const Limits &limits);
+inline int32_t check_limits(const fmtreq &request, const Limits &limits) {
+  if ((request.flags & FMTREQ_CHECK_LIMITS) == 0) return CORVINEL_OK;
+  return check_limits_of(request, limits);
+}
 
 // The value the request points at (read once per call by the caller).
 inline double read_value(const fmtreq &request) {

@@ -201,9 +201,8 @@ int FastNumberTexts::fixed(double value, int precision, char *out) const {
 }
 
 bool FastNumberTexts::scaled(double value, int precision, ScaledDecimal &number) const {
-  if (!generates(value) || precision >= kDigitTextCapacity - 2 || std::fabs(value) >= 1e70) {
-    return false;
-  }
+  // exact_scaled takes no infinity, NaN or value of 2^63 or more.
+  if (!one_byte_decimal_point_) return false;
   u128 scaled;
   if (!exact_scaled(value, precision, scaled) || scaled > UINT64_MAX) return false;
   number.digits = static_cast<uint64_t>(scaled);
