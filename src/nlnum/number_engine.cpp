@@ -187,11 +187,19 @@ int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtr
   char digits[kDigitTextCapacity];
   AssembledNumber number;
   char composed[kComposedCapacity];
+  // The fixed text as a number, kept while the decimals stay (an attempt
+  // without group separators takes the same one).
+  ScaledDecimal scaled;
+  int scaled_decimals = -1;
+  bool scaled_taken = false;
   for (;;) {
     if constexpr (Sources::kOnePass) {
       // The fixed text as a number, laid out without being written first.
-      ScaledDecimal scaled;
-      if (one_pass != nullptr && state.shrink == 0 && texts.scaled(value, state.decimals, scaled) && scaled.text_length() <= w) {
+      if (one_pass != nullptr && state.shrink == 0 && scaled_decimals != state.decimals) {
+        scaled_decimals = state.decimals;
+        scaled_taken = texts.scaled(value, state.decimals, scaled);
+      }
+      if (one_pass != nullptr && state.shrink == 0 && scaled_taken && scaled.text_length() <= w) {
         if (scaled.starts_zero_point(texts.decimal_point())) state.leading_zero = true;
         const OnePassAttempt attempt =
             place_one_pass(*one_pass, scaled, state.grouping_allowed, value, request, output, w);
