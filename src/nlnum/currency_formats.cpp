@@ -27,6 +27,7 @@
 
 #include "corvinel/currency.h"
 #include "frame/format_frame.h"
+#include "frame/thread_memo.h"
 #include "locale/locale_records.h"
 #include "locale/output_expansion.h"
 #include "nlnum/currency_amounts.h"
@@ -239,7 +240,7 @@ struct CompiledAmount {
 const CompiledAmount &compiled_amount(CurrencySymbol kind, const locitem *record,
                                       SessionCodeset codeset, std::string_view shown) {
   thread_local CompiledAmount memo[2];
-  CompiledAmount &entry = memo[kind == CurrencySymbol::LocalSymbol ? 1 : 0];
+  CompiledAmount &entry = frame::pinned(memo)[kind == CurrencySymbol::LocalSymbol ? 1 : 0];
   if (!entry.matches(record, codeset, shown)) {
     const MonetaryConvention c = read_monetary_convention(record);
     entry.convention = c;

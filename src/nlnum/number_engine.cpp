@@ -6,6 +6,7 @@
 #include "corvinel/locale_db.h"
 #include "corvinel/missing.h"
 #include "frame/format_frame.h"
+#include "frame/thread_memo.h"
 #include "locale/locale_records.h"
 #include "locale/pattern_convention.h"
 #include "nlnum/currency_layouts.h"
@@ -119,7 +120,7 @@ const char *layout_of(const locale::PatternConvention &c, bool negative) {
 const CompiledConvention &compiled_convention(const locitem *record, int32_t item,
                                               SessionCodeset codeset) {
   thread_local CompiledConvention memo[6];
-  CompiledConvention &entry = memo[item <= 171 ? item - 170 : item - 183 + 2];
+  CompiledConvention &entry = frame::pinned(memo)[item <= 171 ? item - 170 : item - 183 + 2];
   if (!entry.filled || entry.record != record || entry.codeset != codeset) {
     const locale::PatternConvention c = locale::read_pattern_convention(record, item);
     entry.convention = c;

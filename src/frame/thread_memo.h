@@ -1,0 +1,18 @@
+// Per-thread memos reached once per call.
+//
+// In a module loaded with dlopen, the address of a thread_local object is
+// worked out by a call to __tls_get_addr, and the compiler may work it out
+// again at every use rather than keep it in a register.  `pinned` hands
+// the compiler an address it cannot work out again, so a routine that takes
+// it once pays for one such call.
+#pragma once
+
+namespace corvinel::frame {
+
+template <typename T>
+inline T *pinned(T *address) {
+  asm("" : "+r"(address));
+  return address;
+}
+
+}  // namespace corvinel::frame
