@@ -101,24 +101,20 @@ bool session_has(SessionCodeset codeset, uint16_t unit) {
 SessionCodeset read_session_codeset() {
   const char *name = nl_langinfo(CODESET);
   if (name == nullptr) return SessionCodeset::kOther;
-  // The first byte picks the one name that can match.
-  switch (name[0]) {
-    case 'u':
-    case 'U':
-      // "utf8" or "utf-8" at the start, in any case.
-      if ((name[1] | 0x20) == 't' && (name[2] | 0x20) == 'f' &&
-          (name[3] == '8' || (name[3] == '-' && name[4] == '8'))) {
-        return SessionCodeset::kUtf8;
-      }
-      return SessionCodeset::kOther;
-    case 'I':
-      return std::strcmp(name, "ISO-8859-1") == 0 ? SessionCodeset::kLatin1 : SessionCodeset::kOther;
-    case 'A':
-      return std::strcmp(name, "ANSI_X3.4-1968") == 0 ? SessionCodeset::kAscii
-                                                       : SessionCodeset::kOther;
-    default:
-      return SessionCodeset::kOther;
+  // "utf8" or "utf-8" at the start, in any case: the common session first.
+  if ((name[0] | 0x20) == 'u') {
+    return (name[1] | 0x20) == 't' && (name[2] | 0x20) == 'f' &&
+                   (name[3] == '8' || (name[3] == '-' && name[4] == '8'))
+               ? SessionCodeset::kUtf8
+               : SessionCodeset::kOther;
   }
+  if (name[0] == 'I') {
+    return std::strcmp(name, "ISO-8859-1") == 0 ? SessionCodeset::kLatin1 : SessionCodeset::kOther;
+  }
+  if (name[0] == 'A') {
+    return std::strcmp(name, "ANSI_X3.4-1968") == 0 ? SessionCodeset::kAscii : SessionCodeset::kOther;
+  }
+  return SessionCodeset::kOther;
 }
 
 int32_t encode_in_session(SessionCodeset codeset, std::string_view text, char *out,
