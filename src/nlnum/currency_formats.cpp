@@ -232,8 +232,12 @@ struct CompiledAmount {
   OnePassLayout one_pass_without_symbol;
 
   bool matches(const locitem *r, SessionCodeset c, std::string_view s) const {
-    return filled && record == r && codeset == c && s.size() == symbol_length &&
-           (s.empty() || std::memcmp(s.data(), symbol, symbol_length) == 0);
+    if (!filled || record != r || codeset != c || s.size() != symbol_length) return false;
+    // Symbols are a few bytes: a loop is cheaper than a call.
+    for (std::size_t i = 0; i < symbol_length; ++i) {
+      if (s[i] != symbol[i]) return false;
+    }
+    return true;
   }
 };
 
