@@ -46,16 +46,12 @@ struct KeyTable {
 };
 static_assert(CORVINEL_LOCALE_RECORDS < kKeySlots, "the table needs an empty slot");
 
-}  // namespace
+// Built when the module is loaded, before any call can reach it, so a
+// lookup needs no check that it has been built.
+const KeyTable kKeyTable;
 
-const locitem *select_record(int32_t locale) noexcept {
-  if (locale >= 1 && locale <= CORVINEL_LOCALE_RECORDS) return ORBlocaleData[locale - 1];
-  return select_record_with(locale, orb_locale_value());
-}
-
-const locitem *select_record_with(int32_t locale, const char *orb_locale) noexcept {
-  if (locale >= 1 && locale <= CORVINEL_LOCALE_RECORDS) return ORBlocaleData[locale - 1];
-
+// The record ORB_LOCALE's value names; `orb_locale` null: the default.
+const locitem *record_named_by(const char *orb_locale) noexcept {
   // Only the first five characters take part in the match (the third, the
   // separator, is never looked at); a shorter value is read as if padded
   // with NULs, which no code matches. Everything after the fifth character
@@ -67,8 +63,19 @@ const locitem *select_record_with(int32_t locale, const char *orb_locale) noexce
   if (c0 != '\0' && (c1 = value[1]) != '\0' && value[2] != '\0' && (c3 = value[3]) != '\0') {
     c4 = value[4];
   }
-  static const KeyTable table;
-  return table.find(record_key(c0, c1, c3, c4));
+  return kKeyTable.find(record_key(c0, c1, c3, c4));
+}
+
+}  // namespace
+
+const locitem *select_record(int32_t locale) noexcept {
+  if (locale >= 1 && locale <= CORVINEL_LOCALE_RECORDS) return ORBlocaleData[locale - 1];
+  return record_named_by(orb_locale_value());
+}
+
+const locitem *select_record_with(int32_t locale, const char *orb_locale) noexcept {
+  if (locale >= 1 && locale <= CORVINEL_LOCALE_RECORDS) return ORBlocaleData[locale - 1];
+  return record_named_by(orb_locale);
 }
 
 int32_t copy_item(const locitem *record, int32_t item, char *out, int32_t outcap) noexcept {

@@ -204,7 +204,7 @@ int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtr
         if (scaled.starts_zero_point(texts.decimal_point())) state.leading_zero = true;
         const OnePassAttempt attempt =
             place_one_pass(*one_pass, scaled, state.grouping_allowed, value, request, output, w);
-        if (attempt.outcome == OnePass::kPlaced) return CORVINEL_OK;
+        if (attempt.outcome == OnePass::kPlaced) [[likely]] return CORVINEL_OK;
         if (attempt.outcome == OnePass::kTooWide) {
           state.grouped = state.grouped || attempt.grouped;
           if (!state.adjust(attempt.symbolic_length, w)) return fill_overflow(request, output, w);
@@ -212,8 +212,14 @@ int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtr
         }
       }
     }
-    int n = texts.fixed(value, state.decimals, digits);
-    if (n > w || state.shrink > 0) n = texts.general(value, w - state.shrink, state.decimals, digits);
+    // The fixed text is not written for nothing: once the field narrows
+    // only the exponent text counts, and a fixed text whose scaled form is
+    // already known to be too wide is replaced by it straight away.
+    const bool fixed_too_wide =
+        state.shrink > 0 ||
+        (scaled_taken && scaled_decimals == state.decimals && scaled.text_length() > w);
+    int n = fixed_too_wide ? w + 1 : texts.fixed(value, state.decimals, digits);
+    if (n > w) n = texts.general(value, w - state.shrink, state.decimals, digits);
     if (n <= 0) return fill_overflow(request, output, w);
     if (state.decimals > 0 && digits[0] == '0' && digits[1] == '.') state.leading_zero = true;
 
