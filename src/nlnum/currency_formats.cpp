@@ -300,7 +300,8 @@ int32_t currency_frame(fmtreq *request, const monetary_conventions *currency,
   if (frame::is_missing(value)) return frame::render_missing_at_right_edge(r);
   // Without a currency record there is no symbol to show.
   if (currency == nullptr || !frame::field_fits_buffer(r)) return frame::fill_stars(r);
-  frame::blank_field(r);
+  // Every way out of render_amount writes the whole field: it is not
+  // blanked first.
   return render_amount(r, *currency, symbol, value, attempts);
 }
 

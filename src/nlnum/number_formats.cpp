@@ -61,12 +61,17 @@ int32_t number_frame(fmtreq *request, const NumberFormat &format) {
   fmtreq &r = *request;
   if (const int32_t code = frame::check_limits(r, format.limits)) return code;
   const double value = frame::read_value(r);
+  // A present value in a field that fits the buffer is written whole by
+  // every way out of render_number, so the field is not blanked first.
+  if (!frame::is_missing(value) && frame::field_fits_buffer(r)) {
+    r.outlen = r.width;
+    return render_number(r, format, value);
+  }
   frame::blank_field(r);
   if (frame::is_missing(value)) {
     return format.percent ? frame::render_missing_percent(r) : frame::render_missing_number(r);
   }
-  if (!frame::field_fits_buffer(r)) return frame::fill_stars(r);
-  return render_number(r, format, value);
+  return frame::fill_stars(r);
 }
 
 }  // namespace
