@@ -150,6 +150,61 @@ struct FastSources {
   }
 };
 
+// What general_attempt reports besides the length of a text too wide.
+constexpr int kPlacedAttempt = -1;
+constexpr int kFailedAttempt = -2;
+
+// One attempt that writes the digit text, assembles and composes it and
+// hands it to output expansion: kPlacedAttempt when the text stands in the
+// field, kFailedAttempt when the field must show overflow, else the length
+// the adjustment narrows the exponent field by.  Out of line: most calls
+// are settled by the one pass and need none of its buffers.
+template <typename Texts>
+[[gnu::noinline]] int general_attempt(const Texts &texts,
+                                      const locale::PatternConvention &convention,
+                                      SessionCodeset codeset, bool fixed_too_wide, double value,
+                                      FittingState &state, fmtreq &request, char *output, int w) {
+  char digits[kDigitTextCapacity];
+  // The fixed text is not written for nothing: once the field narrows only
+  // the exponent text counts, and a fixed text whose scaled form is already
+  // known to be too wide is replaced by it straight away.
+  int n = fixed_too_wide ? w + 1 : texts.fixed(value, state.decimals, digits);
+  if (n > w) n = texts.general(value, w - state.shrink, state.decimals, digits);
+  if (n <= 0) return kFailedAttempt;
+  if (state.decimals > 0 && digits[0] == '0' && digits[1] == '.') state.leading_zero = true;
+
+  // The length the adjustment narrows the exponent field by: w + 1 for a
+  // digit text wider than the field, the number's own length past 256
+  // bytes, else the composed text's length in the symbolic notation (so a
+  // symbol such as "<U20AC>" counts its seven bytes: the expanded length
+  // is not known once expansion has cut the text).
+  int result_length = w + 1;
+  if (n <= w && std::strchr(digits, '*') == nullptr) {
+    const NumberMarks marks{convention.decimal, convention.separator, convention.grouping};
+    AssembledNumber number;
+    assemble_number(digits, state.decimals, marks, state.grouping_allowed,
+                    texts.mon_decimal_point(), number);
+    state.grouped = state.grouped || number.grouped;
+    state.two_byte_decimal = state.two_byte_decimal || number.two_byte_decimal;
+    result_length = number.length;
+    if (number.length <= kMaxAssembledNumber) {
+      const bool negative = value < 0;
+      const std::string_view sign = negative ? convention.negative : convention.positive;
+      const bool bracket_blank = value > 0 && convention.n_sign_posn == 0;
+      char composed[kComposedCapacity];
+      result_length = compose_layout(layout_of(convention, negative), convention.symbol, sign,
+                                     negative, number.view(), bracket_blank, composed);
+      switch (place_right_aligned(request, codeset, output, w, composed, result_length,
+                                  request.capacity)) {
+        case Placement::kPlaced: return kPlacedAttempt;
+        case Placement::kFailed: return kFailedAttempt;
+        case Placement::kTooWide: break;
+      }
+    }
+  }
+  return result_length;
+}
+
 template <typename Sources>
 int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtreq &request) {
   if (mode != 0 || !locale::is_pattern_item(item)) return kNoConvention;
@@ -183,13 +238,9 @@ int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtr
   if constexpr (Sources::kOnePass) {
     if (!texts.splits_at_decimal_point()) one_pass = nullptr;
   }
-  // Every way out of the attempts below writes the whole field.
-  const bool negative = value < 0;
-  char digits[kDigitTextCapacity];
-  AssembledNumber number;
-  char composed[kComposedCapacity];
-  // The fixed text as a number, kept while the decimals stay (an attempt
-  // without group separators takes the same one).
+  // Every way out of the attempts below writes the whole field.  The fixed
+  // text as a number is kept while the decimals stay (an attempt without
+  // group separators takes the same one).
   ScaledDecimal scaled;
   int scaled_decimals = -1;
   bool scaled_taken = false;
@@ -212,43 +263,13 @@ int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtr
         }
       }
     }
-    // The fixed text is not written for nothing: once the field narrows
-    // only the exponent text counts, and a fixed text whose scaled form is
-    // already known to be too wide is replaced by it straight away.
     const bool fixed_too_wide =
         state.shrink > 0 ||
         (scaled_taken && scaled_decimals == state.decimals && scaled.text_length() > w);
-    int n = fixed_too_wide ? w + 1 : texts.fixed(value, state.decimals, digits);
-    if (n > w) n = texts.general(value, w - state.shrink, state.decimals, digits);
-    if (n <= 0) return fill_overflow(request, output, w);
-    if (state.decimals > 0 && digits[0] == '0' && digits[1] == '.') state.leading_zero = true;
-
-    // The length the adjustment narrows the exponent field by: w + 1 for a
-    // digit text wider than the field, the number's own length past 256
-    // bytes, else the composed text's length in the symbolic notation (so a
-    // symbol such as "<U20AC>" counts its seven bytes: the expanded length
-    // is not known once expansion has cut the text).
-    int result_length = w + 1;
-    if (n <= w && std::strchr(digits, '*') == nullptr) {
-      const NumberMarks marks{convention.decimal, convention.separator, convention.grouping};
-      assemble_number(digits, state.decimals, marks, state.grouping_allowed,
-                      texts.mon_decimal_point(), number);
-      state.grouped = state.grouped || number.grouped;
-      state.two_byte_decimal = state.two_byte_decimal || number.two_byte_decimal;
-      result_length = number.length;
-      if (number.length <= kMaxAssembledNumber) {
-        const std::string_view sign = negative ? convention.negative : convention.positive;
-        const bool bracket_blank = value > 0 && convention.n_sign_posn == 0;
-        result_length = compose_layout(layout_of(convention, negative), convention.symbol, sign,
-                                       negative, number.view(), bracket_blank, composed);
-        switch (place_right_aligned(request, codeset, output, w, composed, result_length,
-                                    request.capacity)) {
-          case Placement::kPlaced: return CORVINEL_OK;
-          case Placement::kFailed: return fill_overflow(request, output, w);
-          case Placement::kTooWide: break;
-        }
-      }
-    }
+    const int result_length = general_attempt(texts, convention, codeset, fixed_too_wide, value,
+                                              state, request, output, w);
+    if (result_length == kPlacedAttempt) return CORVINEL_OK;
+    if (result_length == kFailedAttempt) return fill_overflow(request, output, w);
     if (!state.adjust(result_length, w)) return fill_overflow(request, output, w);
   }
 }
