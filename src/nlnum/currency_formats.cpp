@@ -239,12 +239,25 @@ struct CompiledAmount {
     }
     return true;
   }
+
+  // matches() for a NUL-terminated symbol, read no further than the kept
+  // symbol's length and one byte: no measuring of the text first.
+  bool matches(const locitem *r, SessionCodeset c, const char *text) const {
+    if (!filled || record != r || codeset != c) return false;
+    for (std::size_t i = 0; i < symbol_length; ++i) {
+      if (text[i] != symbol[i]) return false;  // also stops at the text's NUL
+    }
+    return text[symbol_length] == '\0';
+  }
 };
+
+// The last amount layout of each kind of symbol this thread used: the
+// international code first, the local symbol second.
+thread_local CompiledAmount amount_memo[2];
 
 const CompiledAmount &compiled_amount(CurrencySymbol kind, const locitem *record,
                                       SessionCodeset codeset, std::string_view shown) {
-  thread_local CompiledAmount memo[2];
-  CompiledAmount &entry = frame::pinned(memo)[kind == CurrencySymbol::LocalSymbol ? 1 : 0];
+  CompiledAmount &entry = frame::pinned(amount_memo)[kind == CurrencySymbol::LocalSymbol ? 1 : 0];
   if (!entry.matches(record, codeset, shown)) {
     const MonetaryConvention c = read_monetary_convention(record);
     entry.convention = c;
@@ -268,6 +281,22 @@ const CompiledAmount &compiled_amount(CurrencySymbol kind, const locitem *record
   return entry;
 }
 
+// A compiled amount layout with the symbol it shows.
+struct ShownAmount {
+  const CompiledAmount &compiled;
+  std::string_view shown;
+};
+
+// compiled_amount for the currency's international code.
+ShownAmount compiled_code_amount(const locitem *record, SessionCodeset codeset, const char *code) {
+  const CompiledAmount &kept = frame::pinned(amount_memo)[0];
+  if (code != nullptr && kept.matches(record, codeset, code)) {
+    return {kept, std::string_view(code, kept.symbol_length)};
+  }
+  const std::string_view shown = text_or_empty(code);
+  return {compiled_amount(CurrencySymbol::InternationalCode, record, codeset, shown), shown};
+}
+
 // How the attempts that lay out the fixed text run: in one pass where it
 // can, or always composed and expanded (the reference the tests hold the
 // one pass to).
@@ -277,14 +306,18 @@ int32_t render_amount(fmtreq &request, const monetary_conventions &currency,
                       CurrencySymbol symbol, double value, Attempts attempts) {
   const locitem *record = locale::select_record(request.locale);
   const SessionCodeset codeset = read_session_codeset();
-  const std::string_view shown = symbol == CurrencySymbol::InternationalCode
-                                     ? text_or_empty(currency.int_curr_symbol)
-                                     : shown_local_symbol(request, currency);
-  const CompiledAmount &compiled = compiled_amount(symbol, record, codeset, shown);
+  const ShownAmount amount =
+      symbol == CurrencySymbol::InternationalCode
+          ? compiled_code_amount(record, codeset, currency.int_curr_symbol)
+          : [&] {
+              const std::string_view shown = shown_local_symbol(request, currency);
+              return ShownAmount{compiled_amount(symbol, record, codeset, shown), shown};
+            }();
+  const CompiledAmount &compiled = amount.compiled;
+  const std::string_view shown = amount.shown;
+  const bool one_pass = attempts == Attempts::kOnePass && delivers_session_bytes(request);
   const auto usable = [&](const OnePassLayout &layout) {
-    return layout.usable && attempts == Attempts::kOnePass && delivers_session_bytes(request)
-               ? &layout
-               : nullptr;
+    return one_pass && layout.usable ? &layout : nullptr;
   };
   return AmountFitting(request, compiled.convention, shown, usable(compiled.one_pass),
                        usable(compiled.one_pass_without_symbol), codeset, value)
