@@ -306,11 +306,15 @@ int32_t render_amount(fmtreq &request, const monetary_conventions &currency,
                       CurrencySymbol symbol, double value, Attempts attempts) {
   const locitem *record = locale::select_record(request.locale);
   const SessionCodeset codeset = read_session_codeset();
+  // The general attempts measure the code as it stands: the reference for
+  // the memo's match.
   const ShownAmount amount =
-      symbol == CurrencySymbol::InternationalCode
+      symbol == CurrencySymbol::InternationalCode && attempts == Attempts::kOnePass
           ? compiled_code_amount(record, codeset, currency.int_curr_symbol)
           : [&] {
-              const std::string_view shown = shown_local_symbol(request, currency);
+              const std::string_view shown = symbol == CurrencySymbol::InternationalCode
+                                                 ? text_or_empty(currency.int_curr_symbol)
+                                                 : shown_local_symbol(request, currency);
               return ShownAmount{compiled_amount(symbol, record, codeset, shown), shown};
             }();
   const CompiledAmount &compiled = amount.compiled;

@@ -180,7 +180,6 @@ TEST_P(OnePass, LongSymbolsMatchTheGeneralAttempts) {
       for (const double value : {1234.5, -0.25, 7.0}) {
         for (int32_t width = static_cast<int32_t>(length); width <= 40; width += 3) {
           const Turn t{width, 2, value, 1 + layout % kRecords, false};
-          // Symbols one letter longer in turn: the memo meets prefixes of what it keeps.
           const Outcome a = run(t, [&](Request &r) { return nlmnyloc(r.get(), &currency); });
           const Outcome b = run(t, [&](Request &r) { return nlmnyloc_general(r.get(), &currency); });
           const Outcome c = run(t, [&](Request &r) { return nlmnyint(r.get(), &currency); });
@@ -189,6 +188,27 @@ TEST_P(OnePass, LongSymbolsMatchTheGeneralAttempts) {
             ADD_FAILURE() << describe(t) << " symbol " << symbol << " layout " << layout;
           }
         }
+      }
+    }
+  }
+  EXPECT_EQ(failures, 0);
+}
+
+// Codes that begin like the one the memo keeps, or that it begins like,
+// in one locale one after the other.
+TEST_P(OnePass, CodesSharingTheirStartMatchTheGeneralAttempts) {
+  const char *const kCodes[] = {"EUR", "EU", "EURO", "EUR", "", "E", "EUR", "EURO", nullptr, "EUR"};
+  int failures = 0;
+  for (int round = 0; round < 2; ++round) {
+    for (const char *code : kCodes) {
+      monetary_conventions currency = lconv_monetary[0];
+      currency.int_curr_symbol = code;
+      const Turn t{14, 2, round == 0 ? 1234.5 : -7.25, 1, false};
+      const Outcome a = run(t, [&](Request &r) { return nlmnyint(r.get(), &currency); });
+      const Outcome b = run(t, [&](Request &r) { return nlmnyint_general(r.get(), &currency); });
+      if (!(a == b && a.intact) && ++failures <= 5) {
+        ADD_FAILURE() << "code " << (code != nullptr ? code : "(null)") << ": " << a.bytes
+                      << " against " << b.bytes;
       }
     }
   }
