@@ -1,5 +1,6 @@
 #include "nlnum/one_pass_layout.h"
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 
@@ -187,9 +188,26 @@ OnePassLayout compile_one_pass(const LayoutParts &parts, SessionCodeset codeset)
     return layout;
   }
   layout.grouping = parts.grouping;
+  // The widest number a scaled form holds: 20 digits, a separator between
+  // each two, the decimal mark.
+  constexpr std::size_t kMostDigits = 20;
+  std::size_t widest_assembled =
+      kMostDigits + (kMostDigits - 1) * layout.separator.symbolic + layout.decimal.symbolic;
+  std::size_t widest_length =
+      kMostDigits + (kMostDigits - 1) * layout.separator.length + layout.decimal.length;
+  std::size_t widest_around_symbolic = 0, widest_around_length = 0;
   for (const int sign_class : {kNegative, kZero, kPositive}) {
     if (!compile_sign_class(parts, sign_class, codeset, layout)) return layout;
+    const EncodedPiece &before = layout.before[sign_class], &after = layout.after[sign_class];
+    layout.around_length[sign_class] = static_cast<uint8_t>(before.length + after.length);
+    widest_around_symbolic =
+        std::max<std::size_t>(widest_around_symbolic, before.symbolic + after.symbolic);
+    widest_around_length = std::max<std::size_t>(widest_around_length, before.length + after.length);
   }
+  layout.within_limits =
+      widest_assembled <= static_cast<std::size_t>(kMaxAssembledNumber) &&
+      widest_assembled + widest_around_symbolic <= static_cast<std::size_t>(kComposedCapacity) &&
+      widest_length + widest_around_length <= kMostSessionBytes;
   layout.usable = true;
   return layout;
 }
@@ -209,21 +227,28 @@ OnePassAttempt place_one_pass(const OnePassLayout &layout, const ScaledDecimal &
   const int sign_class = value < 0 ? kNegative : value > 0 ? kPositive : kZero;
   const EncodedPiece &before = layout.before[sign_class];
   const EncodedPiece &after = layout.after[sign_class];
-  std::size_t assembled = integer + separators * layout.separator.symbolic;
-  std::size_t length = integer + separators * layout.separator.length;
-  if (has_fraction) {
-    assembled += layout.decimal.symbolic + fraction;
-    length += layout.decimal.length + fraction;
-  }
-  length += before.length + after.length;
-  const std::size_t symbolic = assembled + before.symbolic + after.symbolic;
-  if (assembled > static_cast<std::size_t>(kMaxAssembledNumber) ||
-      symbolic > static_cast<std::size_t>(kComposedCapacity) || length > kMostSessionBytes) {
-    return {};
+  std::size_t length = integer + separators * layout.separator.length +
+                       (has_fraction ? layout.decimal.length + fraction : 0) +
+                       layout.around_length[sign_class];
+  // The text's length in the symbolic notation, worked out only when it is
+  // needed: for the limits of a layout that may pass them, and for a text
+  // too wide.
+  const auto symbolic_length = [&] {
+    return integer + separators * layout.separator.symbolic +
+           (has_fraction ? layout.decimal.symbolic + fraction : 0) + before.symbolic +
+           after.symbolic;
+  };
+  if (!layout.within_limits) {
+    const std::size_t assembled = symbolic_length() - before.symbolic - after.symbolic;
+    if (assembled > static_cast<std::size_t>(kMaxAssembledNumber) ||
+        symbolic_length() > static_cast<std::size_t>(kComposedCapacity) ||
+        length > kMostSessionBytes) {
+      return {};
+    }
   }
   const bool grouped = separators > 0 && layout.separator.symbolic > 0;
   if (length > static_cast<std::size_t>(width)) {
-    return {OnePass::kTooWide, grouped, static_cast<int>(symbolic)};
+    return {OnePass::kTooWide, grouped, static_cast<int>(symbolic_length())};
   }
 
   // From the right edge of the field leftwards.
@@ -250,7 +275,7 @@ OnePassAttempt place_one_pass(const OnePassLayout &layout, const ScaledDecimal &
   out = put_digits_before(out, digits, integer - separators * group);
   put_before(out, before);
   request.outlen = width;
-  return {OnePass::kPlaced, grouped, static_cast<int>(symbolic)};
+  return {OnePass::kPlaced, grouped, 0};
 }
 
 }  // namespace corvinel::nlnum

@@ -53,6 +53,11 @@ struct OnePassLayout {
   int32_t grouping = 0;
   // Indexed by sign class: negative, zero (either sign), positive.
   EncodedPiece before[3], after[3];
+  // Bytes of what stands before and after the number, by sign class.
+  uint8_t around_length[3] = {};
+  // No number of up to 20 digits makes the text pass the general
+  // attempt's limits, so a call need not check them.
+  bool within_limits = false;
 };
 
 OnePassLayout compile_one_pass(const LayoutParts &parts, SessionCodeset codeset);
@@ -66,7 +71,7 @@ enum class OnePass {
 struct OnePassAttempt {
   OnePass outcome = OnePass::kDeclined;
   bool grouped = false;  // a group separator (not an empty one) was laid
-  int symbolic_length = 0;  // the composed text's length in the symbolic notation
+  int symbolic_length = 0;  // too wide: the composed text's length in the symbolic notation
 };
 
 // One attempt with the fixed text of `number` (whose text assemble_number
