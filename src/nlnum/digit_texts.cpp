@@ -38,26 +38,6 @@ int keep(const char *text, int length, int field, char *out) {
   return padded;
 }
 
-constexpr uint64_t kPowersOfTen[] = {1ull,
-                                     10ull,
-                                     100ull,
-                                     1000ull,
-                                     10000ull,
-                                     100000ull,
-                                     1000000ull,
-                                     10000000ull,
-                                     100000000ull,
-                                     1000000000ull,
-                                     10000000000ull,
-                                     100000000000ull,
-                                     1000000000000ull,
-                                     10000000000000ull,
-                                     100000000000000ull,
-                                     1000000000000000ull,
-                                     10000000000000000ull,
-                                     100000000000000000ull,
-                                     1000000000000000000ull,
-                                     10000000000000000000ull};
 constexpr char kDigitPairs[] =
     "00010203040506070809101112131415161718192021222324252627282930313233343536373839"
     "40414243444546474849505152535455565758596061626364656667686970717273747576777879"
@@ -200,7 +180,7 @@ int FastNumberTexts::fixed(double value, int precision, char *out) const {
   return keep(text, static_cast<int>(end - text), 0, out);
 }
 
-bool FastNumberTexts::scaled(double value, int precision, ScaledDecimal &number) const {
+bool FastNumberTexts::scaled_in_general(double value, int precision, ScaledDecimal &number) const {
   // exact_scaled takes no infinity, NaN or value of 2^63 or more.
   if (!one_byte_decimal_point_) return false;
   u128 scaled;
@@ -208,13 +188,7 @@ bool FastNumberTexts::scaled(double value, int precision, ScaledDecimal &number)
   number.digits = static_cast<uint64_t>(scaled);
   number.precision = precision;
   number.minus = std::signbit(value);
-  // Digits of the scaled value: from its bit length (log10(2) ~ 1233 / 4096),
-  // one more when it reaches the next power of ten.
-  const int bits = 64 - std::countl_zero(number.digits | 1);
-  int count = (bits * 1233) >> 12;
-  if ((number.digits | 1) >= kPowersOfTen[count]) ++count;  // 0 has one digit too
-  number.digit_count = count > precision ? count : precision + 1;
-  number.zero_integer = count <= precision;
+  count_digits(number.digits, precision, number);
   return true;
 }
 

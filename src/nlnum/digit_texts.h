@@ -17,6 +17,7 @@
 // a change of the process locale takes effect at the next call.
 #pragma once
 
+#include <bit>
 #include <cstdint>
 
 namespace corvinel::nlnum {
@@ -70,13 +71,68 @@ struct ScaledDecimal {
   }
 };
 
+// 10^0 .. 10^19.
+inline constexpr uint64_t kPowersOfTen[] = {1ull,
+                                            10ull,
+                                            100ull,
+                                            1000ull,
+                                            10000ull,
+                                            100000ull,
+                                            1000000ull,
+                                            10000000ull,
+                                            100000000ull,
+                                            1000000000ull,
+                                            10000000000ull,
+                                            100000000000ull,
+                                            1000000000000ull,
+                                            10000000000000ull,
+                                            100000000000000ull,
+                                            1000000000000000ull,
+                                            10000000000000000ull,
+                                            100000000000000000ull,
+                                            1000000000000000000ull,
+                                            10000000000000000000ull};
+
+// The count of decimal digits of `digits` written with at least
+// `precision` + 1 of them, into `number`: from its bit length (log10(2) ~
+// 1233 / 4096), one more when it reaches the next power of ten.
+inline void count_digits(uint64_t digits, int precision, ScaledDecimal &number) {
+  const int bits = 64 - std::countl_zero(digits | 1);
+  int count = (bits * 1233) >> 12;
+  if ((digits | 1) >= kPowersOfTen[count]) ++count;  // 0 has one digit too
+  number.digit_count = count > precision ? count : precision + 1;
+  number.zero_integer = count <= precision;
+}
+
 class FastNumberTexts {
  public:
   FastNumberTexts();
   int fixed(double value, int precision, char *out) const;
   // The text fixed() would write, as a number, when fixed() generates it by
   // integer arithmetic and the scaled value fits 64 bits; false otherwise.
-  bool scaled(double value, int precision, ScaledDecimal &number) const;
+  // In line the common case, exact_scaled's 64-bit one: a normal value from
+  // 2^-11 up to below 2^52 with at most three decimals.
+  bool scaled(double value, int precision, ScaledDecimal &number) const {
+    const auto bits = std::bit_cast<uint64_t>(value);
+    const int biased = static_cast<int>((bits >> 52) & 0x7FF);
+    const int shift = 1075 - biased;  // a normal value is its significand / 2^shift
+    if (one_byte_decimal_point_ && precision <= 3 && biased != 0 && shift >= 1 && shift < 64) {
+      const uint64_t significand = (bits & ((uint64_t{1} << 52) - 1)) | uint64_t{1} << 52;
+      const uint64_t product = significand * kPowersOfTen[precision];
+      uint64_t whole = product >> shift;
+      const uint64_t rest = product & ((uint64_t{1} << shift) - 1);
+      const uint64_t half = uint64_t{1} << (shift - 1);
+      if (rest > half || (rest == half && (whole & 1) != 0)) ++whole;  // ties to even
+      number.digits = whole;
+      number.precision = precision;
+      number.minus = (bits >> 63) != 0;
+      count_digits(whole, precision, number);
+      return true;
+    }
+    return scaled_in_general(value, precision, number);
+  }
+  // scaled() for every value it takes.
+  bool scaled_in_general(double value, int precision, ScaledDecimal &number) const;
   // Whether assemble_number splits every fixed text with decimals exactly at
   // its decimal point: the monetary decimal point (or "." when that is
   // empty) is the one-byte decimal point, which is not a digit.

@@ -76,6 +76,16 @@ std::vector<double> generated_values(int random_count) {
   return values;
 }
 
+// The "%.*f" text a scaled form stands for.
+std::string text_of(const ScaledDecimal &number, char decimal_point) {
+  std::string digits = std::to_string(number.digits);
+  digits.insert(0, static_cast<std::size_t>(number.digit_count) - digits.size(), '0');
+  if (number.precision > 0) {
+    digits.insert(digits.size() - static_cast<std::size_t>(number.precision), 1, decimal_point);
+  }
+  return (number.minus ? "-" : "") + digits;
+}
+
 TEST_P(InProcessLocale, DigitTextsMatchSnprintf) {
   const PrintfNumberTexts reference;
   const FastNumberTexts fast;
@@ -93,6 +103,18 @@ TEST_P(InProcessLocale, DigitTextsMatchSnprintf) {
                                       : fast_fixed < kDigitTextCapacity) &&
           ++failures <= 5) {
         ADD_FAILURE() << "%." << precision << "f of " << value << ": " << expected;
+      }
+      // The scaled form, in line or not, stands for the same text.
+      ScaledDecimal number, general_number;
+      const bool taken = fast.scaled(value, precision, number);
+      const bool general_taken = fast.scaled_in_general(value, precision, general_number);
+      if ((taken != general_taken ||
+           (taken && (text_of(number, fast.decimal_point()) != expected ||
+                      number.text_length() != fixed ||
+                      text_of(general_number, fast.decimal_point()) != expected ||
+                      number.zero_integer != general_number.zero_integer))) &&
+          ++failures <= 5) {
+        ADD_FAILURE() << "scaled " << precision << " of " << value << ": " << expected;
       }
       for (const int field : {0, 1, 9, 32}) {
         const int general = reference.general(value, field, precision, expected);
