@@ -148,12 +148,6 @@ int PrintfNumberTexts::general(double value, int field, int precision, char *out
   return print_general(value, field, precision, out);
 }
 
-FastNumberTexts::FastNumberTexts() : mon_decimal_point_(nl_langinfo(MON_DECIMAL_POINT)) {
-  const char *decimal_point = nl_langinfo(RADIXCHAR);
-  decimal_point_ = decimal_point[0];
-  one_byte_decimal_point_ = decimal_point[0] != '\0' && decimal_point[1] == '\0';
-}
-
 bool FastNumberTexts::generates(double value) const {
   return one_byte_decimal_point_ && std::isfinite(value);
 }
@@ -190,12 +184,6 @@ bool FastNumberTexts::scaled_in_general(double value, int precision, ScaledDecim
   number.minus = std::signbit(value);
   count_digits(number.digits, precision, number);
   return true;
-}
-
-bool FastNumberTexts::splits_at_decimal_point() const {
-  if (!one_byte_decimal_point_ || (decimal_point_ >= '0' && decimal_point_ <= '9')) return false;
-  if (mon_decimal_point_[0] == '\0') return decimal_point_ == '.';
-  return mon_decimal_point_[0] == decimal_point_ && mon_decimal_point_[1] == '\0';
 }
 
 int FastNumberTexts::general(double value, int field, int precision, char *out) const {

@@ -17,6 +17,8 @@
 // a change of the process locale takes effect at the next call.
 #pragma once
 
+#include <langinfo.h>
+
 #include <bit>
 #include <cstdint>
 
@@ -106,7 +108,11 @@ inline void count_digits(uint64_t digits, int precision, ScaledDecimal &number) 
 
 class FastNumberTexts {
  public:
-  FastNumberTexts();
+  FastNumberTexts() : mon_decimal_point_(nl_langinfo(MON_DECIMAL_POINT)) {
+    const char *decimal_point = nl_langinfo(RADIXCHAR);
+    decimal_point_ = decimal_point[0];
+    one_byte_decimal_point_ = decimal_point[0] != '\0' && decimal_point[1] == '\0';
+  }
   int fixed(double value, int precision, char *out) const;
   // The text fixed() would write, as a number, when fixed() generates it by
   // integer arithmetic and the scaled value fits 64 bits; false otherwise.
@@ -136,7 +142,11 @@ class FastNumberTexts {
   // Whether assemble_number splits every fixed text with decimals exactly at
   // its decimal point: the monetary decimal point (or "." when that is
   // empty) is the one-byte decimal point, which is not a digit.
-  bool splits_at_decimal_point() const;
+  bool splits_at_decimal_point() const {
+    if (!one_byte_decimal_point_ || (decimal_point_ >= '0' && decimal_point_ <= '9')) return false;
+    if (mon_decimal_point_[0] == '\0') return decimal_point_ == '.';
+    return mon_decimal_point_[0] == decimal_point_ && mon_decimal_point_[1] == '\0';
+  }
   char decimal_point() const { return decimal_point_; }
   int general(double value, int field, int precision, char *out) const;
   const char *mon_decimal_point() const { return mon_decimal_point_; }

@@ -98,16 +98,9 @@ bool session_has(SessionCodeset codeset, uint16_t unit) {
   return true;
 }
 
-SessionCodeset read_session_codeset() {
-  const char *name = nl_langinfo(CODESET);
+SessionCodeset codeset_named(const char *name) {
   if (name == nullptr) return SessionCodeset::kOther;
-  // "utf8" or "utf-8" at the start, in any case: the common session first.
-  if ((name[0] | 0x20) == 'u') {
-    return (name[1] | 0x20) == 't' && (name[2] | 0x20) == 'f' &&
-                   (name[3] == '8' || (name[3] == '-' && name[4] == '8'))
-               ? SessionCodeset::kUtf8
-               : SessionCodeset::kOther;
-  }
+  if (is_utf8_codeset(name)) return SessionCodeset::kUtf8;
   if (name[0] == 'I') {
     return std::strcmp(name, "ISO-8859-1") == 0 ? SessionCodeset::kLatin1 : SessionCodeset::kOther;
   }

@@ -6,6 +6,8 @@
 // the two over generated texts).
 #pragma once
 
+#include <langinfo.h>
+
 #include <cstdint>
 #include <string_view>
 
@@ -18,7 +20,20 @@ enum class SessionCodeset { kOther, kUtf8, kLatin1, kAscii };
 // (nl_langinfo(CODESET): "utf8" or "utf-8" at its start in any case is
 // UTF-8; "ISO-8859-1" and "ANSI_X3.4-1968" exactly).  Read once per format
 // call: the process locale does not change during a call.
-SessionCodeset read_session_codeset();
+SessionCodeset codeset_named(const char *name);
+
+// "utf8" or "utf-8" at the start of a codeset name, in any case.
+inline bool is_utf8_codeset(const char *name) {
+  return (name[0] | 0x20) == 'u' && (name[1] | 0x20) == 't' && (name[2] | 0x20) == 'f' &&
+         (name[3] == '8' || (name[3] == '-' && name[4] == '8'));
+}
+
+// The common session, UTF-8, told in line; the others by codeset_named.
+inline SessionCodeset read_session_codeset() {
+  const char *name = nl_langinfo(CODESET);
+  if (name != nullptr && is_utf8_codeset(name)) return SessionCodeset::kUtf8;
+  return codeset_named(name);
+}
 
 // getExpResultFromNarrowCharBuf(0, outenc, encout, buf, len, width,
 // capacity), given the session codeset read for this call.  The shortcut
