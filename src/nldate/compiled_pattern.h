@@ -80,4 +80,16 @@ RenderedText render(const CompiledPattern &program, double date, double hour, do
                     double second, int32_t fraction_digits, char *out,
                     const ZoneReading &zone = {}) noexcept;
 
+// Whether render may write the program's text by its layout (runs of
+// fixed text with two-character numbers dropped in) rather than a step at
+// a time; the tests make sure they reach it.
+bool has_layout(const CompiledPattern &program) noexcept;
+
+// The same text walked a step at a time, without the layout: the way render
+// takes for the programs and values the layout does not hold.  The tests
+// hold render to it.
+RenderedText render_stepwise(const CompiledPattern &program, double date, double hour,
+                             double minute, double second, int32_t fraction_digits, char *out,
+                             const ZoneReading &zone = {}) noexcept;
+
 }  // namespace corvinel::nldate
