@@ -85,7 +85,7 @@ struct Step {
   uint8_t width;
   uint8_t detail;
   uint16_t piece;
-  uint16_t suffix = 0xFFFF;  // a fixed text written right after, or none
+  uint16_t suffix;  // a fixed text written right after, or kNoPiece
 };
 
 constexpr std::string_view kMissingMark = "**";
@@ -152,6 +152,7 @@ struct CompiledPattern {
   bool all_encodable;       // every piece has its bytes in the encoding
   bool names_weekdays;  // a weekday name step (zwekday's odd weekdays before 1600)
   bool reads_weekday;   // a step reads the weekday
+  bool reads_day_of_year;  // a step reads the day of the year
   Step steps[kMaxSteps];
   Piece pieces[kMaxPieces];
   char pool[kPoolCapacity + kCopyBlock];
@@ -161,29 +162,13 @@ struct CompiledPattern {
   bool slots_clock;    // hour, minute or second slots
   bool slots_clock12;  // 12-hour clock slots
   bool slots_blank;    // blank-padded day or month slots
+  uint32_t sources;    // bit set of the sources the slots read
   int32_t run_count, slot_count, layout_used;
   uint64_t layout_measures;  // of every fixed text of the runs
   Run runs[kMaxSteps];
   Slot slots[kMaxSlots];
   char layout[kLayoutCapacity + kCopyBlock];
 };
-
-bool piece_encoding_of(nlnum::SessionCodeset codeset, PieceEncoding &encoding) noexcept {
-  switch (codeset) {
-    case nlnum::SessionCodeset::kUtf8:
-      encoding = PieceEncoding::kUtf8;
-      return true;
-    case nlnum::SessionCodeset::kLatin1:
-      encoding = PieceEncoding::kLatin1;
-      return true;
-    case nlnum::SessionCodeset::kAscii:
-      encoding = PieceEncoding::kAscii;
-      return true;
-    case nlnum::SessionCodeset::kOther:
-      break;
-  }
-  return false;
-}
 
 namespace {
 
@@ -242,7 +227,7 @@ class Compiler {
     p.fixed_bound = p.fraction_steps = 0;
     p.least_bytes_present = p.least_bytes = p.most_units = p.most_utf8 = p.separator_bytes = 0;
     p.all_encodable = true;
-    p.names_weekdays = p.reads_weekday = false;
+    p.names_weekdays = p.reads_weekday = p.reads_day_of_year = false;
     p.laid_out = false;
     char work[kPatternBound];
     const int32_t work_length = length <= 0 ? 0 : substitute_representations(items_, pattern, length, work);
@@ -309,6 +294,7 @@ class Compiler {
     CompiledPattern &p = program_;
     if (p.slot_count == kMaxSlots || p.layout_used + 2 > kLayoutCapacity) return false;
     p.slots[p.slot_count++] = {run.length, source};
+    p.sources |= 1u << static_cast<int>(source);
     run.end_slot = static_cast<uint8_t>(p.slot_count);
     p.layout[p.layout_used++] = '0';
     p.layout[p.layout_used++] = '0';
@@ -321,6 +307,7 @@ class Compiler {
   void lay_out() noexcept {
     CompiledPattern &p = program_;
     p.laid_out = p.slots_year = p.slots_clock = p.slots_clock12 = p.slots_blank = false;
+    p.sources = 0;
     p.run_count = p.slot_count = p.layout_used = 0;
     p.layout_measures = 0;
     if (p.unknown_directive || p.declines) return;  // render never gets to the steps
@@ -374,7 +361,7 @@ class Compiler {
     if (fixed_length_ == 0) return true;
     const int32_t piece = add_piece({fixed_, static_cast<std::size_t>(fixed_length_)});
     fixed_length_ = 0;
-    return piece >= 0 && add_step({Op::kPiece, 0, 0, 0, static_cast<uint16_t>(piece)},
+    return piece >= 0 && add_step({Op::kPiece, 0, 0, 0, static_cast<uint16_t>(piece), kNoPiece},
                                   program_.pieces[piece].length);
   }
 
@@ -395,6 +382,7 @@ class Compiler {
         step.op == Op::kWeekdayFromSunday) {
       p.reads_weekday = true;
     }
+    if (step.op == Op::kDayOfYear || step.op == Op::kSundayWeek) p.reads_day_of_year = true;
     // A fixed text or separator is written on every call that reaches it.
     if (step.op == Op::kPiece && p.pieces[step.piece].bytes == nullptr) p.declines = true;
     if (step.op == Op::kSecond && step.piece != kNoPiece && p.pieces[step.piece].bytes == nullptr) {
@@ -476,7 +464,8 @@ class Compiler {
   }
 
   bool add_number(Op op, int32_t width, char pad, uint8_t detail = 0) noexcept {
-    return add_step({op, pad, static_cast<uint8_t>(width), detail, kNoPiece}, kMostDigits);
+    return add_step({op, pad, static_cast<uint8_t>(width), detail, kNoPiece, kNoPiece},
+                    kMostDigits);
   }
 
   // A piece for `text` (symbolic notation), its bytes in the pool.
@@ -561,7 +550,7 @@ class Compiler {
     int32_t longest = 0;
     const int32_t first = add_names(base, count, widest, longest);
     return first >= 0 &&
-           add_step({op, 0, 0, 0, static_cast<uint16_t>(first)},
+           add_step({op, 0, 0, 0, static_cast<uint16_t>(first), kNoPiece},
                     std::max<int32_t>(longest, static_cast<int32_t>(kMissingMark.size())));
   }
 
@@ -622,7 +611,7 @@ class Compiler {
         if (add_piece(afternoon ? *afternoon : "PM") < 0) return 0;
         const int32_t longest = std::max<int32_t>(
             {program_.pieces[first].length, program_.pieces[first + 1].length, 2});
-        return add_step({Op::kMarker, 0, 0, 0, static_cast<uint16_t>(first)}, longest);
+        return add_step({Op::kMarker, 0, 0, 0, static_cast<uint16_t>(first), kNoPiece}, longest);
       }
       case 'Q': {
         const int32_t base = quarter_names(d);
@@ -641,7 +630,9 @@ class Compiler {
       case 'G':
         return add_number(d.lower ? Op::kIsoYearOfCentury : Op::kIsoYear, 2, d.pad);
       case 'Z':
-        if (d.lower) return add_step({Op::kZoneOffset, 0, 0, 0, kNoPiece}, kZoneOffsetLength);
+        if (d.lower) {
+          return add_step({Op::kZoneOffset, 0, 0, 0, kNoPiece, kNoPiece}, kZoneOffsetLength);
+        }
         return add_fixed("XST");
       default:
         return -1;  // "%R", "%r", a "%x" or "%X" in pass 2, any other byte
@@ -663,8 +654,8 @@ class Compiler {
       }
       ++program_.fraction_steps;
     }
-    return add_step({Op::kSecond, pad, 2, static_cast<uint8_t>(fraction ? 1 : 0), separator},
-                    bound);
+    return add_step(
+        {Op::kSecond, pad, 2, static_cast<uint8_t>(fraction ? 1 : 0), separator, kNoPiece}, bound);
   }
 
   CompiledPattern &program_;
@@ -735,11 +726,18 @@ struct DayParts {
 
 // False for a date that is not missing but lies outside those years: its
 // parts come from the host's routines, and the interpreter renders it.
-bool day_parts_of(double date, bool with_weekday, DayParts &parts) noexcept {
+// The weekday and the day of the year are worked out only for a program
+// that reads them.
+inline bool day_parts_of(double date, const CompiledPattern &program, DayParts &parts) noexcept {
   CivilDay civil{};
   if (civil_day_of(date, civil)) {
-    parts = {true,  civil.year, civil.month, civil.day, civil.day_of_year,
-             with_weekday ? weekday_of(date) : 0, date};
+    parts = {true,
+             civil.year,
+             civil.month,
+             civil.day,
+             program.reads_day_of_year ? civil.day_of_year : 0,
+             program.reads_weekday ? weekday_of(date) : 0,
+             date};
     return true;
   }
   parts = {false, 0, 0, 0, 0, -1, 0};
@@ -860,8 +858,10 @@ const CompiledPattern *compiled_pattern(const locitem *record, const char *patte
                                         bool constant_text) noexcept {
   if (pattern == nullptr || length < 0) length = 0;
   if (length > kKeyCapacity) return nullptr;
+  // A compiled-in item text is known by its address: no bytes compared.
   const CompiledPattern &last = memo.entries[memo.last_found];
-  if (is_key(last, record, pattern, length, encoding, constant_text)) {
+  if (constant_text && last.filled && last.source == pattern && last.key_length == length &&
+      last.record == record && last.encoding == encoding) {
     return last.beyond_bounds ? nullptr : &last;
   }
   return find_or_compile(record, pattern, length, encoding, constant_text);
@@ -1043,7 +1043,8 @@ void put_pair(Pairs &pairs, Source source, uint32_t value) noexcept {
 }
 
 // The last two digits of a part that may be missing, as put_part writes them.
-void put_part_pair(Pairs &pairs, Source source, double value) noexcept {
+[[gnu::always_inline]] inline void put_part_pair(Pairs &pairs, Source source,
+                                                 double value) noexcept {
   if (is_missing(value)) {
     std::memcpy(pairs[static_cast<int>(source)], kMissingMark.data(), 2);
   } else {
@@ -1080,6 +1081,9 @@ bool fill_pairs(const CompiledPattern &program, const DayParts &day, double hour
     }
   }
   if (!program.slots_clock) return true;
+  const auto reads = [&program](Source source) {
+    return (program.sources & (1u << static_cast<int>(source))) != 0;
+  };
   if (is_missing(hour)) {
     std::memcpy(pairs[static_cast<int>(Source::kHour)], kMissingMark.data(), 2);
     std::memcpy(pairs[static_cast<int>(Source::kHourMidnight24)], kMissingMark.data(), 2);
@@ -1094,8 +1098,8 @@ bool fill_pairs(const CompiledPattern &program, const DayParts &day, double hour
     put_pair(pairs, Source::kClock12, shown == 0 ? 12 : static_cast<uint32_t>(shown % 100));
     put_pair(pairs, Source::kClock12AsIs, static_cast<uint32_t>(shown % 100));
   }
-  put_part_pair(pairs, Source::kMinute, minute);
-  put_part_pair(pairs, Source::kSecond, second);
+  if (reads(Source::kMinute)) put_part_pair(pairs, Source::kMinute, minute);
+  if (reads(Source::kSecond)) put_part_pair(pairs, Source::kSecond, second);
   return true;
 }
 
@@ -1134,9 +1138,12 @@ RenderedText render_runs(const CompiledPattern &program, const DayParts &day, do
   return measured(out, at, pieces);
 }
 
-RenderedText render_with(const CompiledPattern &program, double date, double hour, double minute,
-                         double second, int32_t fraction_digits, char *out, const ZoneReading &zone,
-                         bool runs) noexcept {
+// The text by the layout where `runs` allows it and the program and value
+// take it, else a step at a time.
+[[gnu::always_inline]] inline RenderedText render_with(const CompiledPattern &program, double date,
+                                                       double hour, double minute, double second,
+                                                       int32_t fraction_digits, char *out,
+                                                       const ZoneReading &zone, bool runs) noexcept {
   if (program.unknown_directive) return {RenderOutcome::kUnknownDirective, 0, 0, 0, 0};
   const int32_t digits = std::max(fraction_digits, 0);
   if (program.declines || digits > kRenderCapacity ||
@@ -1144,7 +1151,7 @@ RenderedText render_with(const CompiledPattern &program, double date, double hou
     return kDeclined;
   }
   DayParts day{false, 0, 0, 0, 0, -1, 0};
-  if (program.reads_date && !day_parts_of(date, program.reads_weekday, day)) return kDeclined;
+  if (program.reads_date && !day_parts_of(date, program, day)) return kDeclined;
   // The layout holds every second without its fraction, and every year in
   // four digits, where the steps show a missing date's year as "**".
   if (runs && program.laid_out && (digits == 0 || program.fraction_steps == 0) &&

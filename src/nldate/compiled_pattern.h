@@ -29,7 +29,22 @@ namespace corvinel::nldate {
 enum class PieceEncoding : uint8_t { kSymbolic, kUtf8, kLatin1, kAscii };
 
 // The encoding of a session codeset; false for one the shortcut does not take.
-bool piece_encoding_of(nlnum::SessionCodeset codeset, PieceEncoding &encoding) noexcept;
+inline bool piece_encoding_of(nlnum::SessionCodeset codeset, PieceEncoding &encoding) noexcept {
+  switch (codeset) {
+    case nlnum::SessionCodeset::kUtf8:
+      encoding = PieceEncoding::kUtf8;
+      return true;
+    case nlnum::SessionCodeset::kLatin1:
+      encoding = PieceEncoding::kLatin1;
+      return true;
+    case nlnum::SessionCodeset::kAscii:
+      encoding = PieceEncoding::kAscii;
+      return true;
+    case nlnum::SessionCodeset::kOther:
+      break;
+  }
+  return false;
+}
 
 struct CompiledPattern;
 

@@ -25,8 +25,10 @@ int32_t clamp_digits(int32_t digits) {
 
 // Items are read in place from the compiled-in record, as wzssglc would
 // fetch them: false when the item cannot be fetched.
-bool EntryExpansion::take_pattern(const locitem *record, const char *pattern, int32_t selector,
-                                  int32_t item_mask) noexcept {
+[[gnu::always_inline]] inline bool EntryExpansion::take_pattern(const locitem *record,
+                                                                const char *pattern,
+                                                                int32_t selector,
+                                                                int32_t item_mask) noexcept {
   record_ = record;
   pattern_is_item_ = false;
   if (pattern != nullptr || selector < 1) {

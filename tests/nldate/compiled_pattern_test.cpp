@@ -122,8 +122,9 @@ TEST(CompiledPattern, LayoutIsTheStepByStepWalk) {
       // "%xNN" stands for item NN's own text.
       if (pattern.rfind("%x", 0) == 0 && pattern.size() > 2) {
         const int32_t item = std::stoi(pattern.substr(2));
-        pattern = record != nullptr && record[item].text != nullptr
-                      ? std::string(record[item].text, static_cast<size_t>(std::max(record[item].length, 0)))
+        const locitem *entry = record != nullptr ? &record[item] : nullptr;
+        pattern = entry != nullptr && entry->text != nullptr
+                      ? std::string(entry->text, static_cast<size_t>(std::max(entry->length, 0)))
                       : std::string();
       }
       for (const auto encoding : {nldate::PieceEncoding::kSymbolic, nldate::PieceEncoding::kUtf8,
