@@ -251,29 +251,23 @@ class Compiler {
  private:
   // The slot source of a number step, or kCount for one of another width.
   static Source source_of(const Step &step) noexcept {
-    const bool zeros = step.pad == '0', blanks = step.pad == ' ';
+    if (step.pad == ' ') {
+      if (step.op == Op::kDay) return Source::kDayBlank;
+      return step.op == Op::kMonth ? Source::kMonthBlank : Source::kCount;
+    }
+    if (step.pad != '0') return Source::kCount;  // as many digits as the number has
     switch (step.op) {
-      case Op::kDay:
-        return zeros ? Source::kDay : blanks ? Source::kDayBlank : Source::kCount;
-      case Op::kMonth:
-        return zeros ? Source::kMonth : blanks ? Source::kMonthBlank : Source::kCount;
+      case Op::kDay: return Source::kDay;
+      case Op::kMonth: return Source::kMonth;
       case Op::kYearOfCentury:
-        return zeros && static_cast<Era>(step.detail) == Era::kGregorian ? Source::kYearLow
-                                                                         : Source::kCount;
-      case Op::kHour:
-        return zeros ? Source::kHour : Source::kCount;
-      case Op::kHourMidnight24:
-        return zeros ? Source::kHourMidnight24 : Source::kCount;
-      case Op::kClock12:
-        return zeros ? Source::kClock12 : Source::kCount;
-      case Op::kClock12AsIs:
-        return zeros ? Source::kClock12AsIs : Source::kCount;
-      case Op::kMinute:
-        return zeros ? Source::kMinute : Source::kCount;
-      case Op::kSecond:
-        return zeros ? Source::kSecond : Source::kCount;
-      default:
-        return Source::kCount;
+        return static_cast<Era>(step.detail) == Era::kGregorian ? Source::kYearLow : Source::kCount;
+      case Op::kHour: return Source::kHour;
+      case Op::kHourMidnight24: return Source::kHourMidnight24;
+      case Op::kClock12: return Source::kClock12;
+      case Op::kClock12AsIs: return Source::kClock12AsIs;
+      case Op::kMinute: return Source::kMinute;
+      case Op::kSecond: return Source::kSecond;
+      default: return Source::kCount;
     }
   }
 
@@ -669,10 +663,14 @@ class Compiler {
 // past what it wrote, so that the cursor stays in a register through the
 // walk.  A piece is copied in 16-byte blocks, which may write up to
 // kCopyBlock - 1 bytes past it: render's output has that room.
-char *put_piece(char *at, const Piece &piece) noexcept {
-  for (int32_t done = 0; done < piece.length; done += kCopyBlock) {
-    std::memcpy(at + done, piece.bytes + done, kCopyBlock);
+void put_blocks(char *at, const char *text, int32_t length) noexcept {
+  for (int32_t done = 0; done < length; done += kCopyBlock) {
+    std::memcpy(at + done, text + done, kCopyBlock);
   }
+}
+
+char *put_piece(char *at, const Piece &piece) noexcept {
+  put_blocks(at, piece.bytes, piece.length);
   return at + piece.length;
 }
 
@@ -800,6 +798,25 @@ NameChoice choose_name(const CompiledPattern &program, const Step &step, const D
   return name->bytes != nullptr ? NameChoice::kName : NameChoice::kDeclined;
 }
 
+// The name of a name step at the cursor, its measures added; false when
+// the step declines.
+bool put_name(const CompiledPattern &program, const Step &step, const DayParts &day, double hour,
+              char *&at, uint64_t &pieces) noexcept {
+  const Piece *name = nullptr;
+  switch (choose_name(program, step, day, hour, name)) {
+    case NameChoice::kName:
+      at = put_piece(at, *name);
+      pieces += name->measures;
+      return true;
+    case NameChoice::kMissing:
+      at = put_missing(at);
+      return true;
+    case NameChoice::kDeclined:
+      break;
+  }
+  return false;
+}
+
 
 }  // namespace
 
@@ -907,21 +924,9 @@ RenderedText render_steps(const CompiledPattern &program, const DayParts &day, d
       case Op::kWeekdayName:
       case Op::kMonthName:
       case Op::kQuarterName:
-      case Op::kMarker: {
-        const Piece *name = nullptr;
-        switch (choose_name(program, step, day, hour, name)) {
-          case NameChoice::kName:
-            at = put_piece(at, *name);
-            pieces += name->measures;
-            break;
-          case NameChoice::kMissing:
-            at = put_missing(at);
-            break;
-          case NameChoice::kDeclined:
-            return kDeclined;
-        }
+      case Op::kMarker:
+        if (!put_name(program, step, day, hour, at, pieces)) return kDeclined;
         break;
-      }
       case Op::kDay:
       case Op::kMonth:
         if (!day.present) {
@@ -1111,24 +1116,11 @@ RenderedText render_runs(const CompiledPattern &program, const DayParts &day, do
   uint64_t pieces = program.layout_measures;
   for (int32_t r = 0; r < program.run_count; ++r) {
     const Run &run = program.runs[r];
-    if (run.name != kNoPiece) {
-      const Piece *name = nullptr;
-      switch (choose_name(program, program.steps[run.name], day, hour, name)) {
-        case NameChoice::kName:
-          at = put_piece(at, *name);
-          pieces += name->measures;
-          break;
-        case NameChoice::kMissing:
-          at = put_missing(at);
-          break;
-        case NameChoice::kDeclined:
-          return kDeclined;
-      }
+    if (run.name != kNoPiece &&
+        !put_name(program, program.steps[run.name], day, hour, at, pieces)) {
+      return kDeclined;
     }
-    const char *text = program.layout + run.start;
-    for (int32_t done = 0; done < run.length; done += kCopyBlock) {
-      std::memcpy(at + done, text + done, kCopyBlock);
-    }
+    put_blocks(at, program.layout + run.start, run.length);
     for (int32_t k = run.first_slot; k < run.end_slot; ++k) {
       const Slot &slot = program.slots[k];
       std::memcpy(at + slot.offset, pairs[static_cast<int>(slot.source)], 2);
