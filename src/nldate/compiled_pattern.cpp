@@ -847,6 +847,8 @@ thread_local Memo memo;
 [[gnu::noinline]] const CompiledPattern *find_or_compile(const locitem *record, const char *pattern,
                                                          int32_t length, PieceEncoding encoding,
                                                          bool constant_text) noexcept {
+  if (pattern == nullptr || length < 0) length = 0;
+  if (length > kKeyCapacity) return nullptr;
   for (int32_t i = 0; i < kMemoEntries; ++i) {
     if (is_key(memo.entries[i], record, pattern, length, encoding, constant_text)) {
       memo.last_found = i;
@@ -873,12 +875,12 @@ thread_local Memo memo;
 const CompiledPattern *compiled_pattern(const locitem *record, const char *pattern,
                                         int32_t length, PieceEncoding encoding,
                                         bool constant_text) noexcept {
-  if (pattern == nullptr || length < 0) length = 0;
-  if (length > kKeyCapacity) return nullptr;
-  // A compiled-in item text is known by its address: no bytes compared.
+  // A compiled-in item text (never null, never past the key) is known by
+  // its address: no bytes compared.  The arguments go on untouched to the
+  // search otherwise.
   const CompiledPattern &last = memo.entries[memo.last_found];
-  if (constant_text && last.filled && last.source == pattern && last.key_length == length &&
-      last.record == record && last.encoding == encoding) {
+  if (constant_text && last.filled && last.source == pattern && pattern != nullptr &&
+      last.key_length == length && last.record == record && last.encoding == encoding) {
     return last.beyond_bounds ? nullptr : &last;
   }
   return find_or_compile(record, pattern, length, encoding, constant_text);
