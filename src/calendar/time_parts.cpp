@@ -2,6 +2,7 @@
 // day of a datetime.  Negative counts reach back from midnight, so -1 is
 // 23:59:59 of the day before.
 #include <cmath>
+#include <cstdint>
 
 #include "calendar/calendar_rules.h"
 #include "calendar/time_split.h"
@@ -45,14 +46,24 @@ double date_of(double datetime) {
 
 namespace corvinel::calendar {
 
-ClockParts split_seconds(double seconds) {
+ClockParts split_other_seconds(double seconds) {
   if (!usable(seconds)) return {std_miss_val, std_miss_val, std_miss_val, std_miss_val};
   // A whole count (every datetime shown without fractions) splits in
   // integers: the remainders are those fmod gives, and the quotient by the
-  // day on the non-negative count from 1582 is date_of's.  Zero, whose sign
-  // fmod carries into the minute and second, takes the general way.
+  // day on the non-negative count from 1582 is date_of's.  A positive count
+  // splits as in split_seconds, in 64 bits.  Zero keeps its sign in the
+  // minute and second, as fmod carries it.
   const auto whole = static_cast<int64_t>(seconds);
-  if (static_cast<double>(whole) == seconds && whole != 0) {
+  if (seconds > 0 && static_cast<double>(whole) == seconds) {
+    constexpr uint64_t kWholeDay = 86400;
+    const auto count = static_cast<uint64_t>(whole);
+    const auto days = static_cast<int64_t>(count / kWholeDay);
+    const auto into_day = static_cast<uint32_t>(count % kWholeDay);
+    return {static_cast<double>(days), static_cast<double>(into_day / 3600),
+            static_cast<double>(into_day % 3600 / 60), static_cast<double>(into_day % 60)};
+  }
+  if (seconds == 0) return {0.0, 0.0, seconds, seconds};
+  if (static_cast<double>(whole) == seconds) {
     constexpr int64_t kWholeDay = 86400;
     const int64_t r = whole % kWholeDay;  // the sign of the count, as fmod
     const int64_t hour = (r < 0 ? r + kWholeDay : r) / 3600;

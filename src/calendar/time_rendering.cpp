@@ -179,6 +179,23 @@ int32_t render_duration(char *out, int64_t width, int32_t decimals, double secon
   return CORVINEL_OK;
 }
 
+int32_t whole_clock_text(double seconds, char *out) {
+  if (!(seconds >= 0 && seconds < kDay)) return 0;
+  const auto count = static_cast<uint32_t>(seconds);
+  if (static_cast<double>(count) != seconds) return 0;
+  // No carry to round and no decimals: the parts as they stand.
+  const uint32_t hour = count / 3600, into_hour = count - hour * 3600;
+  const uint32_t minute = into_hour / 60, second = into_hour - minute * 60;
+  const auto digit = [](uint32_t value) { return static_cast<char>('0' + value); };
+  int32_t length = 0;
+  if (hour >= 10) out[length++] = digit(hour / 10);
+  out[length++] = digit(hour % 10);
+  const char rest[] = {':', digit(minute / 10), digit(minute % 10), ':', digit(second / 10),
+                       digit(second % 10)};
+  std::memcpy(out + length, rest, sizeof rest);
+  return length + static_cast<int32_t>(sizeof rest);
+}
+
 int32_t render_time_of_day(char *out, int64_t width, int32_t decimals, double time_of_day) {
   const int32_t result = render_duration(out, width, decimals, time_of_day);
   if (result != CORVINEL_OK) return result;

@@ -15,6 +15,13 @@ extern const double zpowten[32];
 // which the range gate in front of zfmtime never lets through.
 int32_t render_duration(char *out, int64_t width, int32_t decimals, double seconds);
 
+// zfmtime's text without decimals of a whole number of seconds within a
+// day, 0 <= seconds < 86400, without the leading blanks of its field:
+// "h:mm:ss", the hour in one or two digits, in out[0..7].  A field of 8 or
+// more positions shows all of it.  Returns its length, or 0 for any other
+// value (render_duration renders those).
+int32_t whole_clock_text(double seconds, char *out);
+
 // zfmtod's rendering of a time of day, 0 <= time_of_day < 86400: the
 // duration with a two-digit hour, never showing hour 24.
 int32_t render_time_of_day(char *out, int64_t width, int32_t decimals, double time_of_day);

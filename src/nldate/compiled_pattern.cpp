@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 #include <string_view>
+#include <utility>
 
 #include "corvinel/weeks.h"
 #include "locale/transcode_steps.h"
@@ -21,6 +22,8 @@ constexpr int32_t kPoolCapacity = 1536;  // texts that are not read in place
 constexpr int32_t kMemoEntries = 8;      // compiled patterns kept per thread
 constexpr int32_t kEscapeTail = 6;       // bytes an escape "<Uxxxx>" runs on after its "<"
 constexpr int32_t kMostDigits = 20;      // digits of a 64-bit magnitude
+constexpr int32_t kMaxSlots = 2 * kMaxSteps;  // a year takes two
+constexpr int32_t kLayoutCapacity = 512;      // the runs' fixed texts
 
 // The measures of a text packed in one word, 16 bits each, so that a call
 // sums them with one addition per piece: the symbolic text's length, its
@@ -82,10 +85,46 @@ struct Step {
   uint8_t width;
   uint8_t detail;
   uint16_t piece;
-  uint16_t suffix = 0xFFFF;  // a fixed text written right after, or none
+  uint16_t suffix;  // a fixed text written right after, or kNoPiece
 };
 
 constexpr std::string_view kMissingMark = "**";
+
+// The layout: most locale patterns are fixed texts, names and numbers that
+// always take two digits (or "**" when their part is missing).  Such a
+// program is also kept as runs, each an optional name followed by one fixed
+// text with the numbers' places in it (slots).  A call copies each run's
+// text whole and drops the two characters of each number into its slot,
+// instead of walking the steps one by one.
+
+// What a slot shows: two characters worked out once per call.
+enum class Source : uint8_t {
+  kDay,
+  kDayBlank,    // a leading zero shown as a blank
+  kMonth,
+  kMonthBlank,
+  kYearHigh,    // a Gregorian year's two groups
+  kYearLow,
+  kHour,        // "%H", when below 100
+  kHourMidnight24,
+  kClock12,
+  kClock12AsIs,
+  kMinute,
+  kSecond,
+  kCount,
+};
+
+struct Slot {
+  uint16_t offset;  // from the start of its run's fixed text
+  Source source;
+};
+
+struct Run {
+  uint16_t name;    // the name step that opens the run, or kNoPiece
+  uint16_t start;   // the fixed text in the layout
+  uint16_t length;
+  uint8_t first_slot, end_slot;
+};
 
 }  // namespace
 
@@ -113,27 +152,23 @@ struct CompiledPattern {
   bool all_encodable;       // every piece has its bytes in the encoding
   bool names_weekdays;  // a weekday name step (zwekday's odd weekdays before 1600)
   bool reads_weekday;   // a step reads the weekday
+  bool reads_day_of_year;  // a step reads the day of the year
   Step steps[kMaxSteps];
   Piece pieces[kMaxPieces];
   char pool[kPoolCapacity + kCopyBlock];
+  // The layout, when every step fits it.
+  bool laid_out;
+  bool slots_year;     // a year slot: "**" for a missing date is narrower
+  bool slots_clock;    // hour, minute or second slots
+  bool slots_clock12;  // 12-hour clock slots
+  bool slots_blank;    // blank-padded day or month slots
+  uint32_t sources;    // bit set of the sources the slots read
+  int32_t run_count, slot_count, layout_used;
+  uint64_t layout_measures;  // of every fixed text of the runs
+  Run runs[kMaxSteps];
+  Slot slots[kMaxSlots];
+  char layout[kLayoutCapacity + kCopyBlock];
 };
-
-bool piece_encoding_of(nlnum::SessionCodeset codeset, PieceEncoding &encoding) noexcept {
-  switch (codeset) {
-    case nlnum::SessionCodeset::kUtf8:
-      encoding = PieceEncoding::kUtf8;
-      return true;
-    case nlnum::SessionCodeset::kLatin1:
-      encoding = PieceEncoding::kLatin1;
-      return true;
-    case nlnum::SessionCodeset::kAscii:
-      encoding = PieceEncoding::kAscii;
-      return true;
-    case nlnum::SessionCodeset::kOther:
-      break;
-  }
-  return false;
-}
 
 namespace {
 
@@ -192,7 +227,8 @@ class Compiler {
     p.fixed_bound = p.fraction_steps = 0;
     p.least_bytes_present = p.least_bytes = p.most_units = p.most_utf8 = p.separator_bytes = 0;
     p.all_encodable = true;
-    p.names_weekdays = p.reads_weekday = false;
+    p.names_weekdays = p.reads_weekday = p.reads_day_of_year = false;
+    p.laid_out = false;
     char work[kPatternBound];
     const int32_t work_length = length <= 0 ? 0 : substitute_representations(items_, pattern, length, work);
     if (work_length < 0) return unknown();
@@ -207,10 +243,101 @@ class Compiler {
       if (result < 0) return unknown();
       if (result == 0) return false;
     }
-    return flush_fixed();
+    if (!flush_fixed()) return false;
+    lay_out();
+    return true;
   }
 
  private:
+  // The slot source of a number step, or kCount for one of another width.
+  static Source source_of(const Step &step) noexcept {
+    if (step.pad == ' ') {
+      if (step.op == Op::kDay) return Source::kDayBlank;
+      return step.op == Op::kMonth ? Source::kMonthBlank : Source::kCount;
+    }
+    if (step.pad != '0') return Source::kCount;  // as many digits as the number has
+    switch (step.op) {
+      case Op::kDay: return Source::kDay;
+      case Op::kMonth: return Source::kMonth;
+      case Op::kYearOfCentury:
+        return static_cast<Era>(step.detail) == Era::kGregorian ? Source::kYearLow : Source::kCount;
+      case Op::kHour: return Source::kHour;
+      case Op::kHourMidnight24: return Source::kHourMidnight24;
+      case Op::kClock12: return Source::kClock12;
+      case Op::kClock12AsIs: return Source::kClock12AsIs;
+      case Op::kMinute: return Source::kMinute;
+      case Op::kSecond: return Source::kSecond;
+      default: return Source::kCount;
+    }
+  }
+
+  // Appends a fixed text to the open run.
+  bool lay_piece(Run &run, uint16_t index) noexcept {
+    CompiledPattern &p = program_;
+    const Piece &piece = p.pieces[index];
+    if (p.layout_used + piece.length > kLayoutCapacity) return false;
+    std::memcpy(p.layout + p.layout_used, piece.bytes, piece.length);
+    p.layout_used += piece.length;
+    run.length = static_cast<uint16_t>(run.length + piece.length);
+    p.layout_measures += piece.measures;
+    return true;
+  }
+
+  // Appends the two places of a number to the open run.
+  bool lay_slot(Run &run, Source source) noexcept {
+    CompiledPattern &p = program_;
+    if (p.slot_count == kMaxSlots || p.layout_used + 2 > kLayoutCapacity) return false;
+    p.slots[p.slot_count++] = {run.length, source};
+    p.sources |= 1u << static_cast<int>(source);
+    run.end_slot = static_cast<uint8_t>(p.slot_count);
+    p.layout[p.layout_used++] = '0';
+    p.layout[p.layout_used++] = '0';
+    run.length = static_cast<uint16_t>(run.length + 2);
+    return true;
+  }
+
+  // The runs of a program whose every step is a fixed text, a name or a
+  // two-character number; laid_out stays false for any other.
+  void lay_out() noexcept {
+    CompiledPattern &p = program_;
+    p.laid_out = p.slots_year = p.slots_clock = p.slots_clock12 = p.slots_blank = false;
+    p.sources = 0;
+    p.run_count = p.slot_count = p.layout_used = 0;
+    p.layout_measures = 0;
+    if (p.unknown_directive || p.declines) return;  // render never gets to the steps
+    Run *run = nullptr;
+    for (int32_t s = 0; s < p.step_count; ++s) {
+      const Step &step = p.steps[s];
+      const bool name = step.op == Op::kWeekdayName || step.op == Op::kMonthName ||
+                        step.op == Op::kQuarterName || step.op == Op::kMarker;
+      if (name || run == nullptr) {
+        run = &p.runs[p.run_count++];
+        *run = {name ? static_cast<uint16_t>(s) : kNoPiece, static_cast<uint16_t>(p.layout_used), 0,
+                static_cast<uint8_t>(p.slot_count), static_cast<uint8_t>(p.slot_count)};
+      }
+      bool laid = true;
+      if (step.op == Op::kPiece) {
+        laid = lay_piece(*run, step.piece);
+      } else if (step.op == Op::kYear) {
+        if (static_cast<Era>(step.detail) != Era::kGregorian) return;
+        p.slots_year = true;
+        laid = lay_slot(*run, Source::kYearHigh) && lay_slot(*run, Source::kYearLow);
+      } else if (!name) {
+        const Source source = source_of(step);
+        if (source == Source::kCount) return;
+        p.slots_clock = p.slots_clock || source >= Source::kHour;
+        p.slots_clock12 = p.slots_clock12 || source == Source::kClock12 ||
+                          source == Source::kClock12AsIs;
+        p.slots_blank = p.slots_blank || source == Source::kDayBlank ||
+                        source == Source::kMonthBlank;
+        laid = lay_slot(*run, source);
+      }
+      if (laid && step.suffix != kNoPiece) laid = lay_piece(*run, step.suffix);
+      if (!laid) return;
+    }
+    p.laid_out = true;
+  }
+
   bool unknown() noexcept {
     program_.unknown_directive = true;
     return true;
@@ -228,7 +355,7 @@ class Compiler {
     if (fixed_length_ == 0) return true;
     const int32_t piece = add_piece({fixed_, static_cast<std::size_t>(fixed_length_)});
     fixed_length_ = 0;
-    return piece >= 0 && add_step({Op::kPiece, 0, 0, 0, static_cast<uint16_t>(piece)},
+    return piece >= 0 && add_step({Op::kPiece, 0, 0, 0, static_cast<uint16_t>(piece), kNoPiece},
                                   program_.pieces[piece].length);
   }
 
@@ -249,6 +376,7 @@ class Compiler {
         step.op == Op::kWeekdayFromSunday) {
       p.reads_weekday = true;
     }
+    if (step.op == Op::kDayOfYear || step.op == Op::kSundayWeek) p.reads_day_of_year = true;
     // A fixed text or separator is written on every call that reaches it.
     if (step.op == Op::kPiece && p.pieces[step.piece].bytes == nullptr) p.declines = true;
     if (step.op == Op::kSecond && step.piece != kNoPiece && p.pieces[step.piece].bytes == nullptr) {
@@ -330,7 +458,8 @@ class Compiler {
   }
 
   bool add_number(Op op, int32_t width, char pad, uint8_t detail = 0) noexcept {
-    return add_step({op, pad, static_cast<uint8_t>(width), detail, kNoPiece}, kMostDigits);
+    return add_step({op, pad, static_cast<uint8_t>(width), detail, kNoPiece, kNoPiece},
+                    kMostDigits);
   }
 
   // A piece for `text` (symbolic notation), its bytes in the pool.
@@ -415,7 +544,7 @@ class Compiler {
     int32_t longest = 0;
     const int32_t first = add_names(base, count, widest, longest);
     return first >= 0 &&
-           add_step({op, 0, 0, 0, static_cast<uint16_t>(first)},
+           add_step({op, 0, 0, 0, static_cast<uint16_t>(first), kNoPiece},
                     std::max<int32_t>(longest, static_cast<int32_t>(kMissingMark.size())));
   }
 
@@ -476,7 +605,7 @@ class Compiler {
         if (add_piece(afternoon ? *afternoon : "PM") < 0) return 0;
         const int32_t longest = std::max<int32_t>(
             {program_.pieces[first].length, program_.pieces[first + 1].length, 2});
-        return add_step({Op::kMarker, 0, 0, 0, static_cast<uint16_t>(first)}, longest);
+        return add_step({Op::kMarker, 0, 0, 0, static_cast<uint16_t>(first), kNoPiece}, longest);
       }
       case 'Q': {
         const int32_t base = quarter_names(d);
@@ -495,7 +624,9 @@ class Compiler {
       case 'G':
         return add_number(d.lower ? Op::kIsoYearOfCentury : Op::kIsoYear, 2, d.pad);
       case 'Z':
-        if (d.lower) return add_step({Op::kZoneOffset, 0, 0, 0, kNoPiece}, kZoneOffsetLength);
+        if (d.lower) {
+          return add_step({Op::kZoneOffset, 0, 0, 0, kNoPiece, kNoPiece}, kZoneOffsetLength);
+        }
         return add_fixed("XST");
       default:
         return -1;  // "%R", "%r", a "%x" or "%X" in pass 2, any other byte
@@ -517,8 +648,8 @@ class Compiler {
       }
       ++program_.fraction_steps;
     }
-    return add_step({Op::kSecond, pad, 2, static_cast<uint8_t>(fraction ? 1 : 0), separator},
-                    bound);
+    return add_step(
+        {Op::kSecond, pad, 2, static_cast<uint8_t>(fraction ? 1 : 0), separator, kNoPiece}, bound);
   }
 
   CompiledPattern &program_;
@@ -532,10 +663,14 @@ class Compiler {
 // past what it wrote, so that the cursor stays in a register through the
 // walk.  A piece is copied in 16-byte blocks, which may write up to
 // kCopyBlock - 1 bytes past it: render's output has that room.
-char *put_piece(char *at, const Piece &piece) noexcept {
-  for (int32_t done = 0; done < piece.length; done += kCopyBlock) {
-    std::memcpy(at + done, piece.bytes + done, kCopyBlock);
+void put_blocks(char *at, const char *text, int32_t length) noexcept {
+  for (int32_t done = 0; done < length; done += kCopyBlock) {
+    std::memcpy(at + done, text + done, kCopyBlock);
   }
+}
+
+char *put_piece(char *at, const Piece &piece) noexcept {
+  put_blocks(at, piece.bytes, piece.length);
   return at + piece.length;
 }
 
@@ -589,11 +724,18 @@ struct DayParts {
 
 // False for a date that is not missing but lies outside those years: its
 // parts come from the host's routines, and the interpreter renders it.
-bool day_parts_of(double date, bool with_weekday, DayParts &parts) noexcept {
+// The weekday and the day of the year are worked out only for a program
+// that reads them.
+inline bool day_parts_of(double date, const CompiledPattern &program, DayParts &parts) noexcept {
   CivilDay civil{};
   if (civil_day_of(date, civil)) {
-    parts = {true,  civil.year, civil.month, civil.day, civil.day_of_year,
-             with_weekday ? weekday_of(date) : 0, date};
+    parts = {true,
+             civil.year,
+             civil.month,
+             civil.day,
+             program.reads_day_of_year ? civil.day_of_year : 0,
+             program.reads_weekday ? weekday_of(date) : 0,
+             date};
     return true;
   }
   parts = {false, 0, 0, 0, 0, -1, 0};
@@ -656,6 +798,25 @@ NameChoice choose_name(const CompiledPattern &program, const Step &step, const D
   return name->bytes != nullptr ? NameChoice::kName : NameChoice::kDeclined;
 }
 
+// The name of a name step at the cursor, its measures added; false when
+// the step declines.
+bool put_name(const CompiledPattern &program, const Step &step, const DayParts &day, double hour,
+              char *&at, uint64_t &pieces) noexcept {
+  const Piece *name = nullptr;
+  switch (choose_name(program, step, day, hour, name)) {
+    case NameChoice::kName:
+      at = put_piece(at, *name);
+      pieces += name->measures;
+      return true;
+    case NameChoice::kMissing:
+      at = put_missing(at);
+      return true;
+    case NameChoice::kDeclined:
+      break;
+  }
+  return false;
+}
+
 
 }  // namespace
 
@@ -678,25 +839,22 @@ bool is_key(const CompiledPattern &entry, const locitem *record, const char *pat
 
 }  // namespace
 
-const CompiledPattern *compiled_pattern(const locitem *record, const char *pattern,
-                                        int32_t length, PieceEncoding encoding,
-                                        bool constant_text) noexcept {
+namespace {
+
+thread_local Memo memo;
+
+// The memo past its last find: another entry, or the pattern compiled.
+[[gnu::noinline]] const CompiledPattern *find_or_compile(const locitem *record, const char *pattern,
+                                                         int32_t length, PieceEncoding encoding,
+                                                         bool constant_text) noexcept {
   if (pattern == nullptr || length < 0) length = 0;
   if (length > kKeyCapacity) return nullptr;
-  thread_local Memo memo;
-  const CompiledPattern *found = nullptr;
-  if (is_key(memo.entries[memo.last_found], record, pattern, length, encoding, constant_text)) {
-    found = &memo.entries[memo.last_found];
-  } else {
-    for (int32_t i = 0; i < kMemoEntries; ++i) {
-      if (is_key(memo.entries[i], record, pattern, length, encoding, constant_text)) {
-        memo.last_found = i;
-        found = &memo.entries[i];
-        break;
-      }
+  for (int32_t i = 0; i < kMemoEntries; ++i) {
+    if (is_key(memo.entries[i], record, pattern, length, encoding, constant_text)) {
+      memo.last_found = i;
+      return memo.entries[i].beyond_bounds ? nullptr : &memo.entries[i];
     }
   }
-  if (found != nullptr) return found->beyond_bounds ? nullptr : found;
   memo.last_found = memo.next_victim;
   CompiledPattern &entry = memo.entries[memo.next_victim];
   memo.next_victim = (memo.next_victim + 1) % kMemoEntries;
@@ -712,15 +870,34 @@ const CompiledPattern *compiled_pattern(const locitem *record, const char *patte
   return entry.beyond_bounds ? nullptr : &entry;
 }
 
+}  // namespace
+
+const CompiledPattern *compiled_pattern(const locitem *record, const char *pattern,
+                                        int32_t length, PieceEncoding encoding,
+                                        bool constant_text) noexcept {
+  // A compiled-in item text (never null, never past the key) is known by
+  // its address: no bytes compared.  The arguments go on untouched to the
+  // search otherwise.
+  const CompiledPattern &last = memo.entries[memo.last_found];
+  if (constant_text && last.filled && last.source == pattern && pattern != nullptr &&
+      last.key_length == length && last.record == record && last.encoding == encoding) {
+    return last.beyond_bounds ? nullptr : &last;
+  }
+  return find_or_compile(record, pattern, length, encoding, constant_text);
+}
+
 bool certainly_too_long(const CompiledPattern &program, double date, double hour, double minute,
                         double second, int32_t fraction_digits, int32_t width) noexcept {
+  // No text is shorter than the fewest bytes with every part present: a
+  // field that holds them settles it at once.
+  const int64_t digits = std::max(fraction_digits, 0) * int64_t{program.fraction_steps};
+  if (program.least_bytes_present + digits + program.separator_bytes <= width) return false;
   // A character the session lacks may make output expansion refuse the
   // text rather than report it too long.
   if (program.unknown_directive || !program.all_encodable) return false;
   // Before 2 January 1600 zwekday's weekdays run below Sunday and name
   // other items.
   if (program.names_weekdays && !is_missing(date) && !(date >= -131486)) return false;
-  const int64_t digits = std::max(fraction_digits, 0) * int64_t{program.fraction_steps};
   const bool present =
       !is_missing(date) && !is_missing(hour) && !is_missing(minute) && !is_missing(second);
   const int64_t least = (present ? program.least_bytes_present : program.least_bytes) + digits +
@@ -729,17 +906,12 @@ bool certainly_too_long(const CompiledPattern &program, double date, double hour
          program.most_utf8 + digits <= locale::kStepCapacity;
 }
 
-RenderedText render(const CompiledPattern &program, double date, double hour, double minute,
-                    double second, int32_t fraction_digits, char *out,
-                    const ZoneReading &zone) noexcept {
-  if (program.unknown_directive) return {RenderOutcome::kUnknownDirective, 0, 0, 0, 0};
-  const int32_t digits = std::max(fraction_digits, 0);
-  if (program.declines || digits > kRenderCapacity ||
-      program.fixed_bound + program.fraction_steps * digits > kRenderCapacity) {
-    return kDeclined;
-  }
-  DayParts day{false, 0, 0, 0, 0, -1, 0};
-  if (program.reads_date && !day_parts_of(date, program.reads_weekday, day)) return kDeclined;
+namespace {
+
+// The walk over the steps, one at a time: every program.
+RenderedText render_steps(const CompiledPattern &program, const DayParts &day, double hour,
+                          double minute, double second, int32_t digits, char *out,
+                          const ZoneReading &zone) noexcept {
   char *at = out;
   uint64_t pieces = 0;  // the measures of the pieces written, summed
   for (int32_t s = 0; s < program.step_count; ++s) {
@@ -754,21 +926,9 @@ RenderedText render(const CompiledPattern &program, double date, double hour, do
       case Op::kWeekdayName:
       case Op::kMonthName:
       case Op::kQuarterName:
-      case Op::kMarker: {
-        const Piece *name = nullptr;
-        switch (choose_name(program, step, day, hour, name)) {
-          case NameChoice::kName:
-            at = put_piece(at, *name);
-            pieces += name->measures;
-            break;
-          case NameChoice::kMissing:
-            at = put_missing(at);
-            break;
-          case NameChoice::kDeclined:
-            return kDeclined;
-        }
+      case Op::kMarker:
+        if (!put_name(program, step, day, hour, at, pieces)) return kDeclined;
         break;
-      }
       case Op::kDay:
       case Op::kMonth:
         if (!day.present) {
@@ -874,6 +1034,144 @@ RenderedText render(const CompiledPattern &program, double date, double hour, do
     }
   }
   return measured(out, at, pieces);
+}
+
+// Two digits of 0..99, for the slots.
+constexpr char kDigitPairs[] =
+    "00010203040506070809101112131415161718192021222324252627282930313233343536373839"
+    "40414243444546474849505152535455565758596061626364656667686970717273747576777879"
+    "8081828384858687888990919293949596979899";
+
+using Pairs = char[static_cast<int>(Source::kCount)][2];
+
+// The pair of 0..99.
+void put_pair(Pairs &pairs, Source source, uint32_t value) noexcept {
+  std::memcpy(pairs[static_cast<int>(source)], kDigitPairs + 2 * value, 2);
+}
+
+// The last two digits of a part that may be missing, as put_part writes them.
+[[gnu::always_inline]] inline void put_part_pair(Pairs &pairs, Source source,
+                                                 double value) noexcept {
+  if (is_missing(value)) {
+    std::memcpy(pairs[static_cast<int>(source)], kMissingMark.data(), 2);
+  } else {
+    const uint64_t shown = magnitude(value);
+    put_pair(pairs, source, static_cast<uint32_t>(shown < 100 ? shown : shown % 100));
+  }
+}
+
+// The two characters of every source the program's slots read, as the
+// steps write them.  False when one would take more (an hour past 99).
+bool fill_pairs(const CompiledPattern &program, const DayParts &day, double hour, double minute,
+                double second, Pairs &pairs) noexcept {
+  if (program.reads_date) {
+    if (day.present) {
+      // 1582..3999 here: two groups of two digits.
+      const auto year = static_cast<uint32_t>(day.year);
+      put_pair(pairs, Source::kDay, static_cast<uint32_t>(day.day));
+      put_pair(pairs, Source::kMonth, static_cast<uint32_t>(day.month));
+      put_pair(pairs, Source::kYearHigh, year / 100);
+      put_pair(pairs, Source::kYearLow, year % 100);
+    } else {
+      for (const Source source : {Source::kDay, Source::kMonth, Source::kYearLow}) {
+        std::memcpy(pairs[static_cast<int>(source)], kMissingMark.data(), 2);
+      }
+    }
+    if (program.slots_blank) {
+      // The blank pad stands for a leading zero only.
+      for (const auto &[padded, blank] : {std::pair{Source::kDay, Source::kDayBlank},
+                                         std::pair{Source::kMonth, Source::kMonthBlank}}) {
+        char *pair = pairs[static_cast<int>(blank)];
+        std::memcpy(pair, pairs[static_cast<int>(padded)], 2);
+        if (pair[0] == '0') pair[0] = ' ';
+      }
+    }
+  }
+  if (!program.slots_clock) return true;
+  const auto reads = [&program](Source source) {
+    return (program.sources & (1u << static_cast<int>(source))) != 0;
+  };
+  if (is_missing(hour)) {
+    std::memcpy(pairs[static_cast<int>(Source::kHour)], kMissingMark.data(), 2);
+    std::memcpy(pairs[static_cast<int>(Source::kHourMidnight24)], kMissingMark.data(), 2);
+  } else {
+    const uint64_t shown = magnitude(hour);
+    if (shown > 99) return false;  // in full
+    put_pair(pairs, Source::kHour, static_cast<uint32_t>(shown));
+    put_pair(pairs, Source::kHourMidnight24, shown == 0 ? 24 : static_cast<uint32_t>(shown));
+  }
+  if (program.slots_clock12) {
+    const uint64_t shown = magnitude(clock12_of(hour));
+    put_pair(pairs, Source::kClock12, shown == 0 ? 12 : static_cast<uint32_t>(shown % 100));
+    put_pair(pairs, Source::kClock12AsIs, static_cast<uint32_t>(shown % 100));
+  }
+  if (reads(Source::kMinute)) put_part_pair(pairs, Source::kMinute, minute);
+  if (reads(Source::kSecond)) put_part_pair(pairs, Source::kSecond, second);
+  return true;
+}
+
+// The runs: a name, the fixed text copied whole, the numbers dropped into
+// their slots.
+RenderedText render_runs(const CompiledPattern &program, const DayParts &day, double hour,
+                         const Pairs &pairs, char *out) noexcept {
+  char *at = out;
+  uint64_t pieces = program.layout_measures;
+  for (int32_t r = 0; r < program.run_count; ++r) {
+    const Run &run = program.runs[r];
+    if (run.name != kNoPiece &&
+        !put_name(program, program.steps[run.name], day, hour, at, pieces)) {
+      return kDeclined;
+    }
+    put_blocks(at, program.layout + run.start, run.length);
+    for (int32_t k = run.first_slot; k < run.end_slot; ++k) {
+      const Slot &slot = program.slots[k];
+      std::memcpy(at + slot.offset, pairs[static_cast<int>(slot.source)], 2);
+    }
+    at += run.length;
+  }
+  return measured(out, at, pieces);
+}
+
+// The text by the layout where `runs` allows it and the program and value
+// take it, else a step at a time.
+[[gnu::always_inline]] inline RenderedText render_with(const CompiledPattern &program, double date,
+                                                       double hour, double minute, double second,
+                                                       int32_t fraction_digits, char *out,
+                                                       const ZoneReading &zone, bool runs) noexcept {
+  if (program.unknown_directive) return {RenderOutcome::kUnknownDirective, 0, 0, 0, 0};
+  const int32_t digits = std::max(fraction_digits, 0);
+  if (program.declines || digits > kRenderCapacity ||
+      program.fixed_bound + program.fraction_steps * digits > kRenderCapacity) {
+    return kDeclined;
+  }
+  DayParts day{false, 0, 0, 0, 0, -1, 0};
+  if (program.reads_date && !day_parts_of(date, program, day)) return kDeclined;
+  // The layout holds every second without its fraction, and every year in
+  // four digits, where the steps show a missing date's year as "**".
+  if (runs && program.laid_out && (digits == 0 || program.fraction_steps == 0) &&
+      (day.present || !program.slots_year)) {
+    Pairs pairs;
+    if (fill_pairs(program, day, hour, minute, second, pairs)) {
+      return render_runs(program, day, hour, pairs, out);
+    }
+  }
+  return render_steps(program, day, hour, minute, second, digits, out, zone);
+}
+
+}  // namespace
+
+RenderedText render(const CompiledPattern &program, double date, double hour, double minute,
+                    double second, int32_t fraction_digits, char *out,
+                    const ZoneReading &zone) noexcept {
+  return render_with(program, date, hour, minute, second, fraction_digits, out, zone, true);
+}
+
+bool has_layout(const CompiledPattern &program) noexcept { return program.laid_out; }
+
+RenderedText render_stepwise(const CompiledPattern &program, double date, double hour,
+                             double minute, double second, int32_t fraction_digits, char *out,
+                             const ZoneReading &zone) noexcept {
+  return render_with(program, date, hour, minute, second, fraction_digits, out, zone, false);
 }
 
 }  // namespace corvinel::nldate

@@ -29,7 +29,22 @@ namespace corvinel::nldate {
 enum class PieceEncoding : uint8_t { kSymbolic, kUtf8, kLatin1, kAscii };
 
 // The encoding of a session codeset; false for one the shortcut does not take.
-bool piece_encoding_of(nlnum::SessionCodeset codeset, PieceEncoding &encoding) noexcept;
+inline bool piece_encoding_of(nlnum::SessionCodeset codeset, PieceEncoding &encoding) noexcept {
+  switch (codeset) {
+    case nlnum::SessionCodeset::kUtf8:
+      encoding = PieceEncoding::kUtf8;
+      return true;
+    case nlnum::SessionCodeset::kLatin1:
+      encoding = PieceEncoding::kLatin1;
+      return true;
+    case nlnum::SessionCodeset::kAscii:
+      encoding = PieceEncoding::kAscii;
+      return true;
+    case nlnum::SessionCodeset::kOther:
+      break;
+  }
+  return false;
+}
 
 struct CompiledPattern;
 
@@ -79,5 +94,17 @@ struct RenderedText {
 RenderedText render(const CompiledPattern &program, double date, double hour, double minute,
                     double second, int32_t fraction_digits, char *out,
                     const ZoneReading &zone = {}) noexcept;
+
+// Whether render may write the program's text by its layout (runs of
+// fixed text with two-character numbers dropped in) rather than a step at
+// a time; the tests make sure they reach it.
+bool has_layout(const CompiledPattern &program) noexcept;
+
+// The same text walked a step at a time, without the layout: the way render
+// takes for the programs and values the layout does not hold.  The tests
+// hold render to it.
+RenderedText render_stepwise(const CompiledPattern &program, double date, double hour,
+                             double minute, double second, int32_t fraction_digits, char *out,
+                             const ZoneReading &zone = {}) noexcept;
 
 }  // namespace corvinel::nldate

@@ -15,13 +15,6 @@
 namespace corvinel::nldate {
 namespace {
 
-// The value rounded to `digits` fraction digits (a unit of 1/10^digits).
-double rounded(double value, int32_t digits) {
-  double result = value;
-  zround(&result, value, zpow10(-digits));
-  return result;
-}
-
 // Fraction digits beyond the work area cannot show in any format's text (it
 // would be longer than the work area), so more are not worth computing.
 int32_t clamp_digits(int32_t digits) {
@@ -32,8 +25,10 @@ int32_t clamp_digits(int32_t digits) {
 
 // Items are read in place from the compiled-in record, as wzssglc would
 // fetch them: false when the item cannot be fetched.
-bool EntryExpansion::take_pattern(const locitem *record, const char *pattern, int32_t selector,
-                                  int32_t item_mask) noexcept {
+[[gnu::always_inline]] inline bool EntryExpansion::take_pattern(const locitem *record,
+                                                                const char *pattern,
+                                                                int32_t selector,
+                                                                int32_t item_mask) noexcept {
   record_ = record;
   pattern_is_item_ = false;
   if (pattern != nullptr || selector < 1) {
@@ -75,7 +70,7 @@ int32_t EntryExpansion::prepare(ValueKind kind, const locitem *record, const cha
     case ValueKind::Datetime: {
       if (!in_valid_range(kind, value)) return kValueRejected;
       digits_ = clamp_digits(fraction_digits);
-      const calendar::ClockParts parts = calendar::split_seconds(rounded(value, digits_));
+      const calendar::ClockParts parts = calendar::split_seconds(rounded_to_digits(value, digits_));
       date_ = parts.date;
       hour_ = parts.hour;
       minute_ = parts.minute;
@@ -85,11 +80,12 @@ int32_t EntryExpansion::prepare(ValueKind kind, const locitem *record, const cha
     case ValueKind::Time: {
       if (std::isnan(value) || value < 0) return kValueRejected;  // missing values are NaNs
       digits_ = clamp_digits(fraction_digits);
-      const double v = rounded(value, digits_);
+      const double v = rounded_to_digits(value, digits_);
       date_ = std_miss_val;
-      // The hour is deliberately not reduced modulo 24.
-      hour_ = std::trunc(std::fabs(v / 3600));
       const calendar::ClockParts parts = calendar::split_seconds(v);
+      // The hour is deliberately not reduced modulo 24; within the first
+      // day it is the split's (v is its own remainder by the day).
+      hour_ = v < 86400 ? parts.hour : std::trunc(std::fabs(v / 3600));
       minute_ = parts.minute;
       second_ = parts.second;
       return 0;

@@ -4,10 +4,12 @@
 // parts the expander needs and calls expand.
 #pragma once
 
+#include <cmath>
 #include <cstdint>
 #include <string_view>
 
 #include "corvinel/locale_db.h"
+#include "corvinel/rounding.h"
 #include "nldate/date_value.h"
 
 namespace corvinel::nldate {
@@ -23,6 +25,20 @@ inline constexpr int32_t kValueRejected = -3;   // missing or outside the valid 
 inline constexpr int32_t kSelectorItemMask = 0xFF;
 inline constexpr int32_t kAppendZoneOffset = 256;  // " %z" follows the item's text
 inline constexpr int32_t kSelectorMark = 4096;     // carried, not read
+
+// The value rounded to `digits` fraction digits, a unit of 1/10^digits, as
+// zround rounds it.  A whole value at no digits is its own result (zero
+// becomes +0, as in zround), known without the call: every date, datetime
+// and time the host keeps in whole seconds.
+inline double rounded_to_digits(double value, int32_t digits) noexcept {
+  if (digits == 0 && std::fabs(value) < 0x1p51 &&
+      static_cast<double>(static_cast<int64_t>(value)) == value) {
+    return value == 0 ? 0.0 : value;
+  }
+  double result = value;
+  zround(&result, value, zpow10(-digits));
+  return result;
+}
 
 // With `pattern` null and selector >= 1 the selector names the locale item
 // whose text is the pattern; otherwise `pattern` holds `selector` bytes.

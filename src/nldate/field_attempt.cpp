@@ -39,16 +39,6 @@ void lay(fmtreq &request, const char *text, int32_t length) noexcept {
 
 }  // namespace
 
-AttemptSession read_attempt_session(const fmtreq &request, const ZoneReading &zone) noexcept {
-  AttemptSession session;
-  session.zone = zone;
-  session.codeset = nlnum::read_session_codeset();
-  // 16-bit units are left to output expansion.
-  session.compiled = request.xcode_b != CORVINEL_ENC_UTF16LE &&
-                     piece_encoding_of(session.codeset, session.encoding);
-  return session;
-}
-
 int32_t attempt_in_field(fmtreq &request, const EntryExpansion &entry, Accept accept,
                          const AttemptSession &session, bool &placed) noexcept {
   if (session.compiled) {

@@ -29,7 +29,16 @@ struct AttemptSession {
   nlnum::SessionCodeset codeset = nlnum::SessionCodeset::kOther;
 };
 
-AttemptSession read_attempt_session(const fmtreq &request, const ZoneReading &zone = {}) noexcept;
+inline AttemptSession read_attempt_session(const fmtreq &request,
+                                           const ZoneReading &zone = {}) noexcept {
+  AttemptSession session;
+  session.zone = zone;
+  session.codeset = nlnum::read_session_codeset();
+  // 16-bit units are left to output expansion.
+  session.compiled = request.xcode_b != CORVINEL_ENC_UTF16LE &&
+                     piece_encoding_of(session.codeset, session.encoding);
+  return session;
+}
 
 // The general path's pair for a prepared entry: expand into the work area,
 // then place_at_start with `accept`.  Returns the expansion's result when

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <cstring>
 
+#include "calendar/time_texts.h"
 #include "corvinel/classic_dates.h"
-#include "corvinel/rounding.h"
 #include "nldate/date_frame.h"
 #include "locale/environment_value.h"
 #include "locale/locale_records.h"
@@ -27,12 +27,6 @@ double brought_into_one_day(double time) {
 
 constexpr int32_t kMostFractionDigits = 200;
 
-double rounded_to(double value, int32_t digits) {
-  double result = value;
-  zround(&result, value, zpow10(-digits));
-  return result;
-}
-
 // One pass: the pattern of `selector` expanded for each number of fraction
 // digits from the request's decimals down to 0 (a date is expanded once),
 // kept when output expansion says it fits.  Returns 0 when the text was
@@ -48,7 +42,7 @@ int32_t try_pattern(fmtreq &request, const locitem *record, const AttemptSession
                                                : std::min(request.decimals, kMostFractionDigits);
   for (int32_t digits = most; digits >= 0; --digits) {
     EntryExpansion entry;
-    const double attempt_value = kind == ValueKind::Date ? value : rounded_to(value, digits);
+    const double attempt_value = kind == ValueKind::Date ? value : rounded_to_digits(value, digits);
     last = entry.prepare(kind, record, nullptr, selector, digits, attempt_value);
     if (last != 0) continue;
     bool placed = false;
@@ -71,6 +65,22 @@ int32_t classic_fallback(fmtreq &request, int32_t (*render)(fmtreq *), double va
   return frame::fill_stars(request);
 }
 
+// The classic TIME of a time brought into one day.  A whole number of
+// seconds without decimals in a field of 8 or more is "h:mm:ss" in full,
+// plain ASCII, which output expansion in a session the compiled patterns
+// take leaves as it is: it is laid straight into the field.
+int32_t classic_time_fallback(fmtreq &request, double value, const AttemptSession &session) {
+  if (session.compiled && request.decimals <= 0 && request.width >= 8) {
+    char text[8];
+    if (const int32_t length = calendar::whole_clock_text(value, text)) {
+      std::memcpy(request.output, text, static_cast<std::size_t>(length));
+      request.outlen = length;
+      return CORVINEL_OK;
+    }
+  }
+  return classic_fallback(request, zfmtime, value, session.codeset);
+}
+
 int32_t render_fallback(fmtreq &request, Fallback fallback, double value,
                         const AttemptSession &session) {
   std::memset(request.output, ' ', static_cast<std::size_t>(request.capacity));
@@ -82,7 +92,7 @@ int32_t render_fallback(fmtreq &request, Fallback fallback, double value,
     case Fallback::ShortDatetime:
       return render_short_numeric(request, ShortForm::DatetimeSeconds, value);
     case Fallback::ClassicTime:
-      return classic_fallback(request, zfmtime, value, session.codeset);
+      return classic_time_fallback(request, value, session);
     case Fallback::ClassicTimeOfDay:
       return classic_fallback(request, zfmtod, value, session.codeset);
     case Fallback::ClassicTimeAmPm:

@@ -8,7 +8,6 @@
 #include "corvinel/calendar.h"
 #include "corvinel/formats.h"
 #include "corvinel/missing.h"
-#include "corvinel/rounding.h"
 #include "frame/format_frame.h"
 #include "locale/locale_records.h"
 #include "locale/transcode_steps.h"
@@ -220,12 +219,6 @@ void put_time(ShortText &text, int32_t locale, double rounded, TimeVariant varia
   }
 }
 
-double rounded_to(double value, int32_t digits) {
-  double result = value;
-  zround(&result, value, zpow10(-digits));
-  return result;
-}
-
 const FormShape &shape_of(ShortForm form) {
   switch (form) {
     case ShortForm::DateYearMonth:
@@ -264,7 +257,7 @@ int32_t render_short_datetime(fmtreq &request, double value, DateOrder order,
   for (const Step &step : kSteps) {
     const bool with_fraction = step.date_variant == 0 && step.time == TimeVariant::kSeconds;
     for (int32_t digits = with_fraction ? most_digits : 0; digits >= 0; --digits) {
-      const double rounded = rounded_to(value, digits);
+      const double rounded = rounded_to_digits(value, digits);
       ShortText text;
       put_date(text, kDateShape, kDateShape.variants[step.date_variant], order, separator,
                parts_of(zdatprt(rounded)));

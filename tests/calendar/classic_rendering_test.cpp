@@ -318,5 +318,29 @@ TEST(RenderDuration, RefusesHoursBeyondTwoToThe53) {
   }
 }
 
+// The whole clock text is TIME's field without its leading blanks, for
+// every second of the day in every field that shows it whole; any other
+// value is left to the renderer.
+TEST(WholeClockText, IsTimesFieldStripped) {
+  char text[8];
+  for (int32_t second = 0; second < 86400; ++second) {
+    const auto value = static_cast<double>(second);
+    const int32_t length = calendar::whole_clock_text(value, text);
+    for (const int32_t width : {8, 10}) {
+      Request request(width, 0, value);
+      ASSERT_EQ(zfmtime(request.get()), CORVINEL_OK);
+      const std::string field = request.field();
+      ASSERT_EQ(std::string(text, static_cast<size_t>(length)),
+                field.substr(field.find_first_not_of(' ')))
+          << second << " " << width;
+    }
+  }
+  EXPECT_EQ(calendar::whole_clock_text(-0.0, text), 7);
+  EXPECT_EQ(std::string(text, 7), "0:00:00");
+  for (const double refused : {-1.0, 0.5, 86399.5, 86400.0, kNaN, kInf, missing('.')}) {
+    EXPECT_EQ(calendar::whole_clock_text(refused, text), 0) << refused;
+  }
+}
+
 }  // namespace
 }  // namespace corvinel::testing

@@ -53,7 +53,8 @@ TEST(ExactRemainder, IsFmodBitForBit) {
 
 TEST(SplitSeconds, IsZdatprtZhourZminuteZsecond) {
   std::mt19937_64 random(1582);
-  std::vector<double> values = {0.0, -0.0, -1, -1e-12, 86399.9999999, 86400, -86400,
+  std::vector<double> values = {0.0, -0.0, 1, 59, 86399, 86401, 2e9, 0x1p32 - 1, 0x1p32,
+                                0x1p32 - 0.5, -1, -1e-12, 86399.9999999, 86400, -86400,
                                 -11928470400.0, -11928470400.5, 569318630399.999, 569318630400.0,
                                 std_miss_val, std::numeric_limits<double>::quiet_NaN()};
   for (int i = 0; i < 100000; ++i) {

@@ -4,6 +4,7 @@
 // 16-bit delivery, against expansion of the interpreted text.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
@@ -13,6 +14,7 @@
 #include "corvinel/missing.h"
 #include "locale/locale_records.h"
 #include "nldate/expander_support.h"
+#include "nldate/compiled_pattern.h"
 #include "nldate/expansion_steps.h"
 #include "nldate/field_attempt.h"
 #include "nldate/pattern_expander.h"
@@ -100,6 +102,65 @@ TEST(CompiledPattern, SymbolicTextIsTheInterpretersText) {
       }
     }
   }
+}
+
+// Patterns of fixed texts, names and two-character numbers, which render
+// lays out in runs, beside every pattern item: the runs write the bytes and
+// measures of the step-by-step walk in every encoding, for parts present,
+// missing, past 99 hours or with fraction digits.
+TEST(CompiledPattern, LayoutIsTheStepByStepWalk) {
+  std::vector<std::string> patterns = {
+      "%d.%m.%Y %H:%M:%S", "%e/%o/%y %I:%M:%s %p", "%A, %B %d, %Y", "%a %b %e %K:%M|",
+      "%q %Y", "%l%L %i%I %k%K %h%H", "<U00E9>%B|%S", "%T", "%d%b%Y:%H:%M:%S",
+      "%Y<U5E74>%m<U6708>%d<U65E5>", "%+Y %+y %p", "%#d %#B %H"};
+  for (int32_t item = 28; item <= 53; ++item) patterns.push_back("%x" + std::to_string(item));
+  int32_t laid_out = 0;
+  char steps[nldate::kRenderBufferSize], runs[nldate::kRenderBufferSize];
+  for (int32_t locale = 0; locale <= CORVINEL_LOCALE_RECORDS + 1; ++locale) {
+    const locitem *record = locale::select_record(locale);
+    for (std::string pattern : patterns) {
+      // "%xNN" stands for item NN's own text.
+      if (pattern.rfind("%x", 0) == 0 && pattern.size() > 2) {
+        const int32_t item = std::stoi(pattern.substr(2));
+        const locitem *entry = record != nullptr ? &record[item] : nullptr;
+        pattern = entry != nullptr && entry->text != nullptr
+                      ? std::string(entry->text, static_cast<size_t>(std::max(entry->length, 0)))
+                      : std::string();
+      }
+      for (const auto encoding : {nldate::PieceEncoding::kSymbolic, nldate::PieceEncoding::kUtf8,
+                                  nldate::PieceEncoding::kLatin1, nldate::PieceEncoding::kAscii}) {
+        const nldate::CompiledPattern *program = nldate::compiled_pattern(
+            record, pattern.data(), static_cast<int32_t>(pattern.size()), encoding);
+        if (program == nullptr) continue;
+        if (nldate::has_layout(*program)) ++laid_out;
+        for (const double date : kDates) {
+          for (const Clock &clock : kClocks) {
+            for (const int32_t digits : {0, 3}) {
+              const nldate::RenderedText a = nldate::render_stepwise(
+                  *program, date, clock.hour, clock.minute, clock.second, digits, steps);
+              const nldate::RenderedText b = nldate::render(
+                  *program, date, clock.hour, clock.minute, clock.second, digits, runs);
+              const auto where = [&] {
+                return "locale " + std::to_string(locale) + " pattern " + pattern + " encoding " +
+                       std::to_string(static_cast<int>(encoding)) + " date " +
+                       std::to_string(date) + " hour " + std::to_string(clock.hour);
+              };
+              ASSERT_EQ(a.outcome, b.outcome) << where();
+              ASSERT_EQ(a.length, b.length) << where();
+              ASSERT_EQ(a.symbolic, b.symbolic) << where();
+              ASSERT_EQ(a.units, b.units) << where();
+              ASSERT_EQ(a.utf8, b.utf8) << where();
+              ASSERT_EQ(std::string(steps, static_cast<size_t>(a.length)),
+                        std::string(runs, static_cast<size_t>(b.length)))
+                  << where();
+            }
+          }
+        }
+      }
+    }
+  }
+  // Most programs of most locales take the layout.
+  EXPECT_GT(laid_out, 5000);
 }
 
 struct Kind {

@@ -97,6 +97,10 @@ const Row kRows[] = {
     {"NLTIME", 10, 0, "en_US", 90000, "01:00:00"},
     {"NLTIME", 7, 0, "en_US", kTime, "14:38"},
     {"NLTIME", 10, 0, "de_DE", kTime, "14.38 Uhr"},
+    // ja_JP's time is wider than 10 bytes: the classic TIME, whole or not.
+    {"NLTIME", 10, 0, "ja_JP", kTime, "14:38:52"},
+    {"NLTIME", 10, 0, "ja_JP", 32707, "9:05:07"},
+    {"NLTIME", 10, 0, "ja_JP", kTime + 0.5, "14:38:53"},
     {"NLTIME", 10, 0, "fi_FI", kTime, "14.38.52"},
     {"NLTIME", 20, 2, "fr_FR", kTime + 0.25, "14:38:52,25"},
     // The component formats: long item, short item, "*".
