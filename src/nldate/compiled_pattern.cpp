@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "corvinel/weeks.h"
+#include "frame/thread_memo.h"
 #include "locale/transcode_steps.h"
 #include "nldate/week_numbering.h"
 
@@ -841,12 +842,13 @@ bool is_key(const CompiledPattern &entry, const locitem *record, const char *pat
 
 namespace {
 
-thread_local Memo memo;
+thread_local Memo thread_memo;
 
 // The memo past its last find: another entry, or the pattern compiled.
 [[gnu::noinline]] const CompiledPattern *find_or_compile(const locitem *record, const char *pattern,
                                                          int32_t length, PieceEncoding encoding,
                                                          bool constant_text) noexcept {
+  Memo &memo = *frame::pinned(&thread_memo);
   if (pattern == nullptr || length < 0) length = 0;
   if (length > kKeyCapacity) return nullptr;
   for (int32_t i = 0; i < kMemoEntries; ++i) {
@@ -878,6 +880,7 @@ const CompiledPattern *compiled_pattern(const locitem *record, const char *patte
   // A compiled-in item text (never null, never past the key) is known by
   // its address: no bytes compared.  The arguments go on untouched to the
   // search otherwise.
+  const Memo &memo = *frame::pinned(&thread_memo);
   const CompiledPattern &last = memo.entries[memo.last_found];
   if (constant_text && last.filled && last.source == pattern && pattern != nullptr &&
       last.key_length == length && last.record == record && last.encoding == encoding) {

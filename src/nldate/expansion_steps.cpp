@@ -5,6 +5,7 @@
 
 #include "corvinel/calendar.h"
 #include "corvinel/missing.h"
+#include "frame/thread_memo.h"
 #include "locale/environment_value.h"
 #include "nldate/week_numbering.h"
 
@@ -167,7 +168,8 @@ void write_zone_offset_uncached(char *out) noexcept {
 }
 
 void write_zone_offset(char *out, const ZoneReading &reading) noexcept {
-  thread_local ZoneMemo memo;
+  thread_local ZoneMemo thread_memo;
+  ZoneMemo &memo = *frame::pinned(&thread_memo);
   const time_t now = time(nullptr);
   const char *zone = reading.read ? reading.value : locale::zone_value();
   const std::size_t zone_length = zone != nullptr ? std::strlen(zone) : 0;
