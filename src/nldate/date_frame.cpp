@@ -4,8 +4,8 @@
 
 namespace corvinel::nldate {
 
-std::optional<int32_t> settle_before_rendering(fmtreq &request, const frame::Limits &limits,
-                                               ValueKind kind, double value) {
+std::optional<int32_t> settle_in_detail(fmtreq &request, const frame::Limits &limits,
+                                        ValueKind kind, double value) {
   if (const int32_t code = frame::check_limits(request, limits)) return code;
   // Missing values are NaNs: a number in its kind's range is present, and
   // only the field's place in its buffer is left to check.
