@@ -269,9 +269,10 @@ OnePassAttempt place_one_pass(const OnePassLayout &layout, const ScaledDecimal &
            after.symbolic;
   };
   if (!layout.within_limits) {
-    const std::size_t assembled = symbolic_length() - before.symbolic - after.symbolic;
+    const std::size_t symbolic = symbolic_length();
+    const std::size_t assembled = symbolic - before.symbolic - after.symbolic;
     if (assembled > static_cast<std::size_t>(kMaxAssembledNumber) ||
-        symbolic_length() > static_cast<std::size_t>(kComposedCapacity) ||
+        symbolic > static_cast<std::size_t>(kComposedCapacity) ||
         length > kMostSessionBytes) {
       return {};
     }

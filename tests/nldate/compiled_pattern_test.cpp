@@ -193,6 +193,14 @@ struct Attempt {
   bool guards_intact;
 };
 
+// A prepared entry's attempt in the request's field, compiled or interpreted.
+int32_t attempt_either(bool compiled, Request &request, const nldate::EntryExpansion &entry,
+                       nldate::Accept accept, bool &placed) {
+  return compiled ? nldate::attempt_in_field(*request, entry, accept,
+                                             nldate::read_attempt_session(*request), placed)
+                  : nldate::attempt_in_field_interpreted(*request, entry, accept, placed);
+}
+
 Attempt attempt(bool compiled, nldate::ValueKind kind, const locitem *record, int32_t selector,
                 int32_t digits, double value, int32_t width, int32_t capacity, int32_t encoding,
                 nldate::Accept accept) {
@@ -202,9 +210,7 @@ Attempt attempt(bool compiled, nldate::ValueKind kind, const locitem *record, in
   Attempt a{};
   a.result = entry.prepare(kind, record, nullptr, selector, digits, value);
   if (a.result == 0) {
-    a.result = compiled ? nldate::attempt_in_field(*request, entry, accept,
-                                                  nldate::read_attempt_session(*request), a.placed)
-                        : nldate::attempt_in_field_interpreted(*request, entry, accept, a.placed);
+    a.result = attempt_either(compiled, request, entry, accept, a.placed);
   }
   a.outlen = request->outlen;
   a.xcode_state = request->xcode_state;
@@ -297,12 +303,7 @@ TEST(FieldAttempt, EscapeSplitAcrossPiecesIsLeftToExpansion) {
                                 static_cast<int32_t>(pattern.size()), 0, day),
                   0);
         bool placed = false;
-        if (compiled) {
-          nldate::attempt_in_field(*request, entry, nldate::Accept::kShortened,
-                                   nldate::read_attempt_session(*request), placed);
-        } else {
-          nldate::attempt_in_field_interpreted(*request, entry, nldate::Accept::kShortened, placed);
-        }
+        attempt_either(compiled, request, entry, nldate::Accept::kShortened, placed);
         laid[compiled ? 1 : 0] = request.text();
       }
       EXPECT_EQ(laid[1], laid[0]) << session_name << " " << width;
@@ -345,11 +346,7 @@ TEST(FieldAttempt, BytesTheSessionLacksAreLeftToExpansion) {
                               pattern.data(), static_cast<int32_t>(pattern.size()), 1, value),
                 0);
       Attempt &out = compiled ? a : b;
-      out.result = compiled ? nldate::attempt_in_field(*request, entry, nldate::Accept::kWhole,
-                                                       nldate::read_attempt_session(*request),
-                                                       out.placed)
-                            : nldate::attempt_in_field_interpreted(*request, entry,
-                                                                   nldate::Accept::kWhole, out.placed);
+      out.result = attempt_either(compiled, request, entry, nldate::Accept::kWhole, out.placed);
       out.bytes = request.field();
     }
     EXPECT_EQ(a.result, b.result) << width;
@@ -375,12 +372,7 @@ TEST(FieldAttempt, EmptyItemWithZoneSuffixIsTheOffsetAlone) {
                             46 + nldate::kAppendZoneOffset, 0, 1.0e9),
               0);
     bool placed = false;
-    if (compiled) {
-      nldate::attempt_in_field(*request, entry, nldate::Accept::kWhole,
-                               nldate::read_attempt_session(*request), placed);
-    } else {
-      nldate::attempt_in_field_interpreted(*request, entry, nldate::Accept::kWhole, placed);
-    }
+    attempt_either(compiled, request, entry, nldate::Accept::kWhole, placed);
     EXPECT_TRUE(placed);
     EXPECT_EQ(request.text(), " -0500") << compiled;
   }
