@@ -6,10 +6,14 @@
 
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 
+#include "calendar/time_split.h"
 #include "corvinel/locale_db.h"
+#include "corvinel/missing.h"
 #include "corvinel/rounding.h"
+#include "locale/locale_records.h"
 #include "nldate/date_value.h"
 
 namespace corvinel::nldate {
@@ -65,8 +69,13 @@ class EntryExpansion {
   // zkfdate (kind Date), zkfdttm (Datetime) or zkftime (Time) up to the
   // call of expand: 0 when the parts are ready, else the routine's result
   // (kItemNotFetched, kValueRejected).
+  // `rounded_to_whole`: the caller has already brought the value to whole
+  // seconds with rounded_to_digits, so the routine's own rounding at no
+  // fraction digits comes down to what rounding a whole value gives: the
+  // value itself, except that -0 (what a small negative rounds to) becomes
+  // +0.
   int32_t prepare(ValueKind kind, const locitem *record, const char *pattern, int32_t selector,
-                  int32_t fraction_digits, double value) noexcept;
+                  int32_t fraction_digits, double value, bool rounded_to_whole = false) noexcept;
 
   // expand with the prepared parts.
   int32_t expand(char *buffer, int32_t *field_width) const noexcept;
@@ -83,6 +92,10 @@ class EntryExpansion {
   double second() const noexcept { return second_; }
 
  private:
+  double rounded_again(double value, bool rounded_to_whole) const noexcept {
+    if (rounded_to_whole && digits_ == 0) return value == 0 ? 0.0 : value;
+    return rounded_to_digits(value, digits_);
+  }
   bool take_pattern(const locitem *record, const char *pattern, int32_t selector,
                     int32_t item_mask) noexcept;
 
@@ -95,5 +108,83 @@ class EntryExpansion {
   double date_ = 0, hour_ = 0, minute_ = 0, second_ = 0;
   char with_suffix_[CORVINEL_LOCALE_TEXT + kZoneSuffix.size()];
 };
+
+// Fraction digits beyond the work area cannot show in any format's text (it
+// would be longer than the work area), so more are not worth computing.
+inline int32_t clamp_digits(int32_t digits) noexcept {
+  return digits < 0 ? 0 : (digits > kWorkAreaSize ? kWorkAreaSize : digits);
+}
+
+// Items are read in place from the compiled-in record, as wzssglc would
+// fetch them: false when the item cannot be fetched.
+[[gnu::always_inline]] inline bool EntryExpansion::take_pattern(const locitem *record,
+                                                                const char *pattern,
+                                                                int32_t selector,
+                                                                int32_t item_mask) noexcept {
+  record_ = record;
+  pattern_is_item_ = false;
+  if (pattern != nullptr || selector < 1) {
+    pattern_ = pattern;
+    length_ = pattern != nullptr && selector > 0 ? selector : 0;
+    return true;
+  }
+  const int32_t item = selector & item_mask;
+  if (record == nullptr || item >= CORVINEL_LOCALE_ITEMS) return false;
+  const locitem &entry = record[item];
+  if (entry.length > CORVINEL_LOCALE_TEXT) return false;
+  pattern_ = entry.text;
+  length_ = entry.text != nullptr && entry.length > 0 ? entry.length : 0;
+  pattern_is_item_ = true;
+  if ((selector & kAppendZoneOffset) != 0) {
+    pattern_is_item_ = false;
+    // An empty item may have no text at all: nothing to copy then.
+    if (length_ > 0) std::memcpy(with_suffix_, pattern_, static_cast<std::size_t>(length_));
+    std::memcpy(with_suffix_ + length_, kZoneSuffix.data(), kZoneSuffix.size());
+    pattern_ = with_suffix_;
+    length_ += static_cast<int32_t>(kZoneSuffix.size());
+  }
+  return true;
+}
+
+[[gnu::always_inline]] inline int32_t EntryExpansion::prepare(ValueKind kind, const locitem *record, const char *pattern,
+                                int32_t selector, int32_t fraction_digits, double value,
+                                bool rounded_to_whole) noexcept {
+  // zkfdate takes the whole selector as the item, the others its low 8 bits.
+  const int32_t item_mask = kind == ValueKind::Date ? ~0 : kSelectorItemMask;
+  if (!take_pattern(record, pattern, selector, item_mask)) return kItemNotFetched;
+  switch (kind) {
+    case ValueKind::Date:
+      // Missing values, like every NaN, lie outside the valid range.
+      if (!in_valid_range(kind, value)) return kValueRejected;
+      digits_ = 0;
+      date_ = value;
+      hour_ = minute_ = second_ = std_miss_val;
+      return 0;
+    case ValueKind::Datetime: {
+      if (!in_valid_range(kind, value)) return kValueRejected;
+      digits_ = clamp_digits(fraction_digits);
+      const calendar::ClockParts parts = calendar::split_seconds(rounded_again(value, rounded_to_whole));
+      date_ = parts.date;
+      hour_ = parts.hour;
+      minute_ = parts.minute;
+      second_ = parts.second;
+      return 0;
+    }
+    case ValueKind::Time: {
+      if (std::isnan(value) || value < 0) return kValueRejected;  // missing values are NaNs
+      digits_ = clamp_digits(fraction_digits);
+      const double v = rounded_again(value, rounded_to_whole);
+      date_ = std_miss_val;
+      const calendar::ClockParts parts = calendar::split_seconds(v);
+      // The hour is deliberately not reduced modulo 24; within the first
+      // day it is the split's (v is its own remainder by the day).
+      hour_ = v < 86400 ? parts.hour : std::trunc(std::fabs(v / 3600));
+      minute_ = parts.minute;
+      second_ = parts.second;
+      return 0;
+    }
+  }
+  return kValueRejected;
+}
 
 }  // namespace corvinel::nldate

@@ -31,8 +31,9 @@ constexpr int32_t kMostFractionDigits = 200;
 // digits from the request's decimals down to 0 (a date is expanded once),
 // kept when output expansion says it fits.  Returns 0 when the text was
 // placed, else the last result (1: the text was too long).
+template <ValueKind kind>
 int32_t try_pattern(fmtreq &request, const locitem *record, const AttemptSession &session,
-                    ValueKind kind, int32_t selector, double value) {
+                    int32_t selector, double value) {
   int32_t last = 0;
   // Attempts with more fraction digits than output expansion converts
   // units (200) cannot show their fraction, and a pattern without one
@@ -43,7 +44,7 @@ int32_t try_pattern(fmtreq &request, const locitem *record, const AttemptSession
   for (int32_t digits = most; digits >= 0; --digits) {
     EntryExpansion entry;
     const double attempt_value = kind == ValueKind::Date ? value : rounded_to_digits(value, digits);
-    last = entry.prepare(kind, record, nullptr, selector, digits, attempt_value);
+    last = entry.prepare(kind, record, nullptr, selector, digits, attempt_value, true);
     if (last != 0) continue;
     bool placed = false;
     last = attempt_in_field(request, entry, Accept::kWhole, session, placed);
@@ -120,12 +121,20 @@ int32_t render_with_locale_patterns(fmtreq &request, const PatternFormat &format
     record = locale::select_record(request.locale);
   }
   const AttemptSession session = read_attempt_session(request, zone);
-  int32_t last = try_pattern(request, record, session, format.kind, format.first_selector, value);
-  if (last == 0) return CORVINEL_OK;
-  if (last == kExpandTooLong && format.second_selector != kNoPattern) {
-    last = try_pattern(request, record, session, format.kind, format.second_selector, value);
-    if (last == 0) return CORVINEL_OK;
+  const auto passes = [&]<ValueKind kind>() {
+    int32_t last = try_pattern<kind>(request, record, session, format.first_selector, value);
+    if (last == kExpandTooLong && format.second_selector != kNoPattern) {
+      last = try_pattern<kind>(request, record, session, format.second_selector, value);
+    }
+    return last;
+  };
+  int32_t last = 0;
+  switch (format.kind) {
+    case ValueKind::Date: last = passes.template operator()<ValueKind::Date>(); break;
+    case ValueKind::Datetime: last = passes.template operator()<ValueKind::Datetime>(); break;
+    case ValueKind::Time: last = passes.template operator()<ValueKind::Time>(); break;
   }
+  if (last == 0) return CORVINEL_OK;
   return render_fallback(request, format.fallback, value, session);
 }
 

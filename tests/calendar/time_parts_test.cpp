@@ -56,7 +56,11 @@ TEST(SplitSeconds, IsZdatprtZhourZminuteZsecond) {
   std::vector<double> values = {0.0, -0.0, 1, 59, 86399, 86401, 2e9, 0x1p32 - 1, 0x1p32,
                                 0x1p32 - 0.5, -1, -1e-12, 86399.9999999, 86400, -86400,
                                 -11928470400.0, -11928470400.5, 569318630399.999, 569318630400.0,
-                                std_miss_val, std::numeric_limits<double>::quiet_NaN()};
+                                std_miss_val, std::numeric_limits<double>::quiet_NaN(),
+                                -std::numeric_limits<double>::quiet_NaN(),
+                                std::numeric_limits<double>::denorm_min(),
+                                std::numeric_limits<double>::infinity(),
+                                -std::numeric_limits<double>::infinity()};
   for (int i = 0; i < 100000; ++i) {
     values.push_back(-1.2e10 + std::generate_canonical<double, 53>(random) * 5.82e11);
     values.push_back(std::trunc(values.back()));

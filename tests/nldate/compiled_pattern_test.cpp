@@ -5,6 +5,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <bit>
+#include <cmath>
+#include <limits>
+#include <random>
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
@@ -15,6 +19,7 @@
 #include "locale/locale_records.h"
 #include "nldate/expander_support.h"
 #include "nldate/compiled_pattern.h"
+#include "nldate/entry_routines.h"
 #include "nldate/expansion_steps.h"
 #include "nldate/field_attempt.h"
 #include "nldate/pattern_expander.h"
@@ -256,6 +261,40 @@ void expect_same_attempts(const char *session_name, int32_t locale, nldate::Valu
         ASSERT_EQ(a.bytes, b.bytes) << where;
         ASSERT_TRUE(a.guards_intact) << where;
       }
+    }
+  }
+}
+
+// The formats round a datetime or time to the attempt's fraction digits
+// before the entry routine rounds it again; at no fraction digits the
+// routine's second rounding is left out, which must change nothing.
+TEST(EntryExpansion, RoundingToWholeSecondsAgainChangesNothing) {
+  std::vector<double> values = {0.0, -0.0, 0.5, -0.5, 1.5, 2.5, 86399.5, 0.49999999999999994,
+                                0x1p51 - 0.5, 0x1p51, 0x1p51 + 1, 0x1p52 - 0.5, 0x1p52 + 2,
+                                -0x1p51 - 0.5, 1e300, -1e300, kMissing, std::nan(""),
+                                std::numeric_limits<double>::infinity(),
+                                -std::numeric_limits<double>::infinity(),
+                                std::numeric_limits<double>::denorm_min()};
+  std::mt19937_64 random(2003);
+  for (int i = 0; i < 20000; ++i) {
+    const double magnitude = std::ldexp(std::generate_canonical<double, 53>(random), i % 60);
+    values.push_back(i % 2 == 0 ? magnitude : -magnitude);
+    values.push_back(std::trunc(magnitude) + 0.5);
+  }
+  const locitem *record = ORBlocaleData[0];
+  const auto bits = [](double x) { return std::bit_cast<uint64_t>(x); };
+  for (const nldate::ValueKind kind : {nldate::ValueKind::Datetime, nldate::ValueKind::Time}) {
+    for (const double value : values) {
+      const double rounded = nldate::rounded_to_digits(value, 0);
+      nldate::EntryExpansion once, twice;
+      const int32_t a = once.prepare(kind, record, nullptr, 5, 0, rounded, true);
+      const int32_t b = twice.prepare(kind, record, nullptr, 5, 0, rounded, false);
+      ASSERT_EQ(a, b) << value;
+      if (a != 0) continue;
+      ASSERT_EQ(bits(once.date()), bits(twice.date())) << value;
+      ASSERT_EQ(bits(once.hour()), bits(twice.hour())) << value;
+      ASSERT_EQ(bits(once.minute()), bits(twice.minute())) << value;
+      ASSERT_EQ(bits(once.second()), bits(twice.second())) << value;
     }
   }
 }
