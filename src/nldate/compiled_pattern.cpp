@@ -821,14 +821,16 @@ bool put_name(const CompiledPattern &program, const Step &step, const DayParts &
 
 }  // namespace
 
-namespace {
-
 // This thread's compiled patterns; the last one found is looked at first.
-struct Memo {
+struct CompiledPatternMemo {
   CompiledPattern entries[kMemoEntries];
   int32_t last_found;
   int32_t next_victim;
 };
+
+namespace {
+
+using Memo = CompiledPatternMemo;
 
 bool is_key(const CompiledPattern &entry, const locitem *record, const char *pattern,
             int32_t length, PieceEncoding encoding, bool constant_text) noexcept {
@@ -845,10 +847,10 @@ namespace {
 thread_local Memo thread_memo;
 
 // The memo past its last find: another entry, or the pattern compiled.
-[[gnu::noinline]] const CompiledPattern *find_or_compile(const locitem *record, const char *pattern,
-                                                         int32_t length, PieceEncoding encoding,
+[[gnu::noinline]] const CompiledPattern *find_or_compile(Memo &memo, const locitem *record,
+                                                         const char *pattern, int32_t length,
+                                                         PieceEncoding encoding,
                                                          bool constant_text) noexcept {
-  Memo &memo = *frame::pinned(&thread_memo);
   if (pattern == nullptr || length < 0) length = 0;
   if (length > kKeyCapacity) return nullptr;
   for (int32_t i = 0; i < kMemoEntries; ++i) {
@@ -874,19 +876,27 @@ thread_local Memo thread_memo;
 
 }  // namespace
 
-const CompiledPattern *compiled_pattern(const locitem *record, const char *pattern,
-                                        int32_t length, PieceEncoding encoding,
-                                        bool constant_text) noexcept {
+CompiledPatternMemo &this_threads_patterns() noexcept { return thread_memo; }
+
+const CompiledPattern *compiled_pattern(CompiledPatternMemo &memo, const locitem *record,
+                                        const char *pattern, int32_t length,
+                                        PieceEncoding encoding, bool constant_text) noexcept {
   // A compiled-in item text (never null, never past the key) is known by
   // its address: no bytes compared.  The arguments go on untouched to the
   // search otherwise.
-  const Memo &memo = *frame::pinned(&thread_memo);
   const CompiledPattern &last = memo.entries[memo.last_found];
   if (constant_text && last.filled && last.source == pattern && pattern != nullptr &&
       last.key_length == length && last.record == record && last.encoding == encoding) {
     return last.beyond_bounds ? nullptr : &last;
   }
-  return find_or_compile(record, pattern, length, encoding, constant_text);
+  return find_or_compile(memo, record, pattern, length, encoding, constant_text);
+}
+
+const CompiledPattern *compiled_pattern(const locitem *record, const char *pattern,
+                                        int32_t length, PieceEncoding encoding,
+                                        bool constant_text) noexcept {
+  return compiled_pattern(this_threads_patterns(), record, pattern, length, encoding,
+                          constant_text);
 }
 
 bool certainly_too_long(const CompiledPattern &program, double date, double hour, double minute,

@@ -60,6 +60,15 @@ const CompiledPattern *compiled_pattern(const locitem *record, const char *patte
                                         int32_t length, PieceEncoding encoding,
                                         bool constant_text = false) noexcept;
 
+// The same from `memo`, this thread's memo as this_threads_patterns gives
+// it: a format call reaches its thread-local memo once, however many
+// attempts it makes.
+struct CompiledPatternMemo;
+CompiledPatternMemo &this_threads_patterns() noexcept;
+const CompiledPattern *compiled_pattern(CompiledPatternMemo &memo, const locitem *record,
+                                        const char *pattern, int32_t length,
+                                        PieceEncoding encoding, bool constant_text) noexcept;
+
 // True when every text the program can write for a value with these parts
 // present or missing (and these fraction digits) has more bytes than
 // `width` in the program's session encoding, and every character of it is

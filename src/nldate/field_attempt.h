@@ -13,11 +13,15 @@
 #pragma once
 
 #include <cstdint>
+#include <cstring>
 
 #include "corvinel/fmtreq.h"
+#include "locale/output_expansion.h"
+#include "locale/transcode_steps.h"
 #include "nldate/compiled_pattern.h"
 #include "nldate/date_placement.h"
 #include "nldate/entry_routines.h"
+#include "nldate/pattern_expander.h"
 
 namespace corvinel::nldate {
 
@@ -27,6 +31,7 @@ struct AttemptSession {
   PieceEncoding encoding = PieceEncoding::kSymbolic;
   ZoneReading zone;       // TZ, when the call read it with ORB_LOCALE
   nlnum::SessionCodeset codeset = nlnum::SessionCodeset::kOther;
+  CompiledPatternMemo *patterns = nullptr;  // this thread's, when `compiled`
 };
 
 inline AttemptSession read_attempt_session(const fmtreq &request,
@@ -37,16 +42,80 @@ inline AttemptSession read_attempt_session(const fmtreq &request,
   // 16-bit units are left to output expansion.
   session.compiled = request.xcode_b != CORVINEL_ENC_UTF16LE &&
                      piece_encoding_of(session.codeset, session.encoding);
+  if (session.compiled) session.patterns = &this_threads_patterns();
   return session;
 }
 
-// The general path's pair for a prepared entry: expand into the work area,
-// then place_at_start with `accept`.  Returns the expansion's result when
-// it is not 0 (1: too long for the work area, -2: an unknown directive),
-// else place_at_start's; `placed` says whether the text stands in the
-// field (its result 0 or less, or 1 or less when a shortened text counts).
-int32_t attempt_in_field(fmtreq &request, const EntryExpansion &entry, Accept accept,
-                         const AttemptSession &session, bool &placed) noexcept;
+// The general path for a prepared entry: expand into the work area, then
+// place_at_start with `accept`.  Returns the expansion's result when it is
+// not 0 (1: too long for the work area, -2: an unknown directive), else
+// place_at_start's; `placed` says whether the text stands in the field (its
+// result 0 or less, or 1 or less when a shortened text counts).
+int32_t attempt_expanded(fmtreq &request, const EntryExpansion &entry, Accept accept,
+                         bool &placed) noexcept;
+
+// One attempt: the compiled pattern laid straight into the field where the
+// session and the program allow it, else attempt_expanded; the same
+// results and bytes either way.  In line: the formats make one or a few
+// attempts per call.
+// Blank-fills the buffer, copies the text to the start of the field.
+inline void lay(fmtreq &request, const char *text, int32_t length) noexcept {
+  std::memset(request.output, ' ', static_cast<std::size_t>(request.capacity));
+  std::memcpy(request.output, text, static_cast<std::size_t>(length));
+  request.outlen = length;
+}
+
+[[gnu::always_inline]] inline int32_t attempt_in_field(fmtreq &request,
+                                                      const EntryExpansion &entry, Accept accept,
+                                                      const AttemptSession &session,
+                                                      bool &placed) noexcept {
+  if (session.compiled) {
+    if (const CompiledPattern *program = compiled_pattern(*session.patterns, entry.record(), entry.pattern(),
+                                                          entry.pattern_length(), session.encoding,
+                                                          entry.pattern_is_item())) {
+      placed = false;
+      if (accept == Accept::kWhole &&
+          certainly_too_long(*program, entry.date(), entry.hour(), entry.minute(), entry.second(),
+                             entry.fraction_digits(), request.width)) {
+        return locale::kExpansionShortened;
+      }
+      char text[kRenderBufferSize];
+      const RenderedText rendered =
+          render(*program, entry.date(), entry.hour(), entry.minute(), entry.second(),
+                 entry.fraction_digits(), text, session.zone);
+      placed = false;
+      if (rendered.outcome == RenderOutcome::kUnknownDirective) return kExpandUnknownDirective;
+      // Output expansion converts at most kMaxUnits units and keeps a result
+      // within one step; past either the general path decides.  A text
+      // longer than the work area is cut there, possibly inside an escape.
+      const bool measured = rendered.outcome == RenderOutcome::kRendered &&
+                            rendered.units <= locale::kMaxUnits &&
+                            rendered.utf8 <= locale::kStepCapacity;
+      if (measured && rendered.symbolic > kWorkAreaSize && accept == Accept::kWhole) {
+        return kExpandTooLong;  // the expansion did not fit the work area
+      }
+      if (measured && rendered.symbolic <= kWorkAreaSize) {
+        if (rendered.length <= request.width) {
+          lay(request, text, rendered.length);
+          placed = true;
+          return rendered.length - request.width;
+        }
+        if (accept == Accept::kWhole) return locale::kExpansionShortened;
+        // Cut back a character at a time until the text fits: in UTF-8 to
+        // the start of the character that would cross the width.
+        int32_t cut = request.width;
+        if (session.encoding == PieceEncoding::kUtf8) {
+          while (cut > 0 && (static_cast<unsigned char>(text[cut]) & 0xC0) == 0x80) --cut;
+        }
+        lay(request, text, cut);
+        placed = true;
+        return locale::kExpansionShortened;
+      }
+    }
+  }
+  return attempt_expanded(request, entry, accept, placed);
+}
+
 
 // The same without the compiled patterns at all: the pattern interpreted
 // and the text through output expansion.  The reference of the tests.
