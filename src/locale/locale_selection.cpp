@@ -51,7 +51,7 @@ static_assert(CORVINEL_LOCALE_RECORDS < kKeySlots, "the table needs an empty slo
 const KeyTable kKeyTable;
 
 // The record ORB_LOCALE's value names; `orb_locale` null: the default.
-const locitem *record_named_by(const char *orb_locale) noexcept {
+[[gnu::always_inline]] inline const locitem *record_named_by(const char *orb_locale) noexcept {
   // Only the first five characters take part in the match (the third, the
   // separator, is never looked at); a shorter value is read as if padded
   // with NULs, which no code matches. Everything after the fifth character

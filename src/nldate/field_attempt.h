@@ -59,9 +59,29 @@ int32_t attempt_expanded(fmtreq &request, const EntryExpansion &entry, Accept ac
 // results and bytes either way.  In line: the formats make one or a few
 // attempts per call.
 // Blank-fills the buffer, copies the text to the start of the field.
+// A text of up to 32 bytes (most dates and times) is copied as two
+// overlapping pieces of a fixed size, in line.
 inline void lay(fmtreq &request, const char *text, int32_t length) noexcept {
-  std::memset(request.output, ' ', static_cast<std::size_t>(request.capacity));
-  std::memcpy(request.output, text, static_cast<std::size_t>(length));
+  char *out = request.output;
+  std::memset(out, ' ', static_cast<std::size_t>(request.capacity));
+  const auto n = static_cast<std::size_t>(length);
+  const auto two_pieces = [out, text, n]<std::size_t kPiece>() {
+    std::memcpy(out, text, kPiece);
+    std::memcpy(out + n - kPiece, text + n - kPiece, kPiece);
+  };
+  if (n >= 8 && n <= 16) {
+    two_pieces.template operator()<8>();
+  } else if (n > 16 && n <= 32) {
+    two_pieces.template operator()<16>();
+  } else if (n >= 4 && n < 8) {
+    two_pieces.template operator()<4>();
+  } else if (n > 32) {
+    std::memcpy(out, text, n);
+  } else if (n > 0) {
+    out[0] = text[0];
+    out[n - 1] = text[n - 1];
+    if (n == 3) out[1] = text[1];
+  }
   request.outlen = length;
 }
 
