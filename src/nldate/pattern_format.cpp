@@ -43,8 +43,17 @@ int32_t try_pattern(fmtreq &request, const locitem *record, const AttemptSession
                                                : std::min(request.decimals, kMostFractionDigits);
   for (int32_t digits = most; digits >= 0; --digits) {
     EntryExpansion entry;
-    const double attempt_value = kind == ValueKind::Date ? value : rounded_to_digits(value, digits);
-    last = entry.prepare(kind, record, nullptr, selector, digits, attempt_value, true);
+    if (kind == ValueKind::Date) {
+      last = entry.prepare(kind, record, nullptr, selector, digits, value);
+    } else if (kind == ValueKind::Time && digits == 0) {
+      // A time brought into one day is neither negative nor -0 (a NaN stays
+      // a NaN): rounded to whole seconds here and again in the routine, it
+      // is what the routine's rounding alone gives.
+      last = entry.prepare(kind, record, nullptr, selector, 0, value);
+    } else {
+      last = entry.prepare(kind, record, nullptr, selector, digits,
+                           rounded_to_digits(value, digits), true);
+    }
     if (last != 0) continue;
     bool placed = false;
     last = attempt_in_field(request, entry, Accept::kWhole, session, placed);
