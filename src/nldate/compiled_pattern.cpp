@@ -163,6 +163,10 @@ struct CompiledPattern {
   bool slots_clock;    // hour, minute or second slots
   bool slots_clock12;  // 12-hour clock slots
   bool slots_blank;    // blank-padded day or month slots
+  // One run of fixed text, no name, numbers of the clock only and a text
+  // within the render capacity: at no fraction digits render lays it from
+  // the hour, minute and second alone.
+  bool clock_run;
   uint32_t sources;    // bit set of the sources the slots read
   int32_t run_count, slot_count, layout_used;
   uint64_t layout_measures;  // of every fixed text of the runs
@@ -302,6 +306,7 @@ class Compiler {
   void lay_out() noexcept {
     CompiledPattern &p = program_;
     p.laid_out = p.slots_year = p.slots_clock = p.slots_clock12 = p.slots_blank = false;
+    p.clock_run = false;
     p.sources = 0;
     p.run_count = p.slot_count = p.layout_used = 0;
     p.layout_measures = 0;
@@ -337,6 +342,8 @@ class Compiler {
       if (!laid) return;
     }
     p.laid_out = true;
+    p.clock_run = p.run_count <= 1 && (p.run_count == 0 || p.runs[0].name == kNoPiece) &&
+                  !p.reads_date && !p.slots_clock12 && p.fixed_bound <= kRenderCapacity;
   }
 
   bool unknown() noexcept {
@@ -1073,6 +1080,34 @@ void put_pair(Pairs &pairs, Source source, uint32_t value) noexcept {
   }
 }
 
+// The two characters of the clock's sources the program's slots read.
+// False when one would take more (an hour past 99).
+[[gnu::always_inline]] inline bool fill_clock_pairs(const CompiledPattern &program, double hour,
+                                                    double minute, double second,
+                                                    Pairs &pairs) noexcept {
+  if (!program.slots_clock) return true;
+  const auto reads = [&program](Source source) {
+    return (program.sources & (1u << static_cast<int>(source))) != 0;
+  };
+  if (is_missing(hour)) {
+    std::memcpy(pairs[static_cast<int>(Source::kHour)], kMissingMark.data(), 2);
+    std::memcpy(pairs[static_cast<int>(Source::kHourMidnight24)], kMissingMark.data(), 2);
+  } else {
+    const uint64_t shown = magnitude(hour);
+    if (shown > 99) return false;  // in full
+    put_pair(pairs, Source::kHour, static_cast<uint32_t>(shown));
+    put_pair(pairs, Source::kHourMidnight24, shown == 0 ? 24 : static_cast<uint32_t>(shown));
+  }
+  if (program.slots_clock12) {
+    const uint64_t shown = magnitude(clock12_of(hour));
+    put_pair(pairs, Source::kClock12, shown == 0 ? 12 : static_cast<uint32_t>(shown % 100));
+    put_pair(pairs, Source::kClock12AsIs, static_cast<uint32_t>(shown % 100));
+  }
+  if (reads(Source::kMinute)) put_part_pair(pairs, Source::kMinute, minute);
+  if (reads(Source::kSecond)) put_part_pair(pairs, Source::kSecond, second);
+  return true;
+}
+
 // The two characters of every source the program's slots read, as the
 // steps write them.  False when one would take more (an hour past 99).
 bool fill_pairs(const CompiledPattern &program, const DayParts &day, double hour, double minute,
@@ -1100,27 +1135,7 @@ bool fill_pairs(const CompiledPattern &program, const DayParts &day, double hour
       }
     }
   }
-  if (!program.slots_clock) return true;
-  const auto reads = [&program](Source source) {
-    return (program.sources & (1u << static_cast<int>(source))) != 0;
-  };
-  if (is_missing(hour)) {
-    std::memcpy(pairs[static_cast<int>(Source::kHour)], kMissingMark.data(), 2);
-    std::memcpy(pairs[static_cast<int>(Source::kHourMidnight24)], kMissingMark.data(), 2);
-  } else {
-    const uint64_t shown = magnitude(hour);
-    if (shown > 99) return false;  // in full
-    put_pair(pairs, Source::kHour, static_cast<uint32_t>(shown));
-    put_pair(pairs, Source::kHourMidnight24, shown == 0 ? 24 : static_cast<uint32_t>(shown));
-  }
-  if (program.slots_clock12) {
-    const uint64_t shown = magnitude(clock12_of(hour));
-    put_pair(pairs, Source::kClock12, shown == 0 ? 12 : static_cast<uint32_t>(shown % 100));
-    put_pair(pairs, Source::kClock12AsIs, static_cast<uint32_t>(shown % 100));
-  }
-  if (reads(Source::kMinute)) put_part_pair(pairs, Source::kMinute, minute);
-  if (reads(Source::kSecond)) put_part_pair(pairs, Source::kSecond, second);
-  return true;
+  return fill_clock_pairs(program, hour, minute, second, pairs);
 }
 
 // The runs: a name, the fixed text copied whole, the numbers dropped into
@@ -1176,6 +1191,21 @@ RenderedText render_runs(const CompiledPattern &program, const DayParts &day, do
 RenderedText render(const CompiledPattern &program, double date, double hour, double minute,
                     double second, int32_t fraction_digits, char *out,
                     const ZoneReading &zone) noexcept {
+  // A time at whole seconds in a clock run: the layout's checks were made
+  // when it was compiled, and the date is not read.
+  if (program.clock_run && fraction_digits <= 0) {
+    Pairs pairs;
+    if (fill_clock_pairs(program, hour, minute, second, pairs)) {
+      if (program.run_count == 0) return measured(out, out, 0);
+      const Run &run = program.runs[0];
+      put_blocks(out, program.layout + run.start, run.length);
+      for (int32_t k = 0; k < program.slot_count; ++k) {
+        const Slot &slot = program.slots[k];
+        std::memcpy(out + slot.offset, pairs[static_cast<int>(slot.source)], 2);
+      }
+      return measured(out, out + run.length, program.layout_measures);
+    }
+  }
   return render_with(program, date, hour, minute, second, fraction_digits, out, zone, true);
 }
 
