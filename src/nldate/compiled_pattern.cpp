@@ -233,7 +233,7 @@ class Compiler {
     p.least_bytes_present = p.least_bytes = p.most_units = p.most_utf8 = p.separator_bytes = 0;
     p.all_encodable = true;
     p.names_weekdays = p.reads_weekday = p.reads_day_of_year = false;
-    p.laid_out = false;
+    p.laid_out = p.clock_run = false;
     char work[kPatternBound];
     const int32_t work_length = length <= 0 ? 0 : substitute_representations(items_, pattern, length, work);
     if (work_length < 0) return unknown();
