@@ -1,13 +1,18 @@
 #include "nldate/compiled_pattern.h"
 
 #include <algorithm>
+#include <cmath>
+#include <cstddef>
 #include <cstring>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 
 #include "corvinel/weeks.h"
+#include "frame/exact_copy.h"
 #include "frame/thread_memo.h"
 #include "locale/transcode_steps.h"
+#include "nldate/entry_routines.h"
 #include "nldate/week_numbering.h"
 
 namespace corvinel::nldate {
@@ -130,6 +135,7 @@ struct Run {
 }  // namespace
 
 struct CompiledPattern {
+  ProgramHead head;  // first: read in line through head_of
   // The key.
   bool filled;
   bool beyond_bounds;  // remembered too: such a pattern is interpreted
@@ -163,10 +169,7 @@ struct CompiledPattern {
   bool slots_clock;    // hour, minute or second slots
   bool slots_clock12;  // 12-hour clock slots
   bool slots_blank;    // blank-padded day or month slots
-  // One run of fixed text, no name, numbers of the clock only and a text
-  // within the render capacity: at no fraction digits render lays it from
-  // the hour, minute and second alone.
-  bool clock_run;
+  RenderedText clock_measures;  // when head.clock_run: the same for every time
   uint32_t sources;    // bit set of the sources the slots read
   int32_t run_count, slot_count, layout_used;
   uint64_t layout_measures;  // of every fixed text of the runs
@@ -174,6 +177,9 @@ struct CompiledPattern {
   Slot slots[kMaxSlots];
   char layout[kLayoutCapacity + kCopyBlock];
 };
+
+static_assert(std::is_standard_layout_v<CompiledPattern> && offsetof(CompiledPattern, head) == 0,
+              "head_of reads the head through a pointer to the program");
 
 namespace {
 
@@ -217,6 +223,15 @@ bool reads_the_date(Op op) noexcept {
   }
 }
 
+// The measures of a text of `length` bytes whose pieces sum to `pieces`:
+// every byte not from a piece is ASCII, one unit and one byte in every
+// encoding.
+constexpr RenderedText measured_length(int32_t length, uint64_t pieces) noexcept {
+  const auto field = [pieces](int shift) { return static_cast<int32_t>((pieces >> shift) & 0xFFFF); };
+  const int32_t ascii = length - field(48);
+  return {RenderOutcome::kRendered, length, field(0) + ascii, field(16) + ascii, field(32) + ascii};
+}
+
 // Builds one program in place; every add fails past the program's bounds.
 class Compiler {
  public:
@@ -233,7 +248,8 @@ class Compiler {
     p.least_bytes_present = p.least_bytes = p.most_units = p.most_utf8 = p.separator_bytes = 0;
     p.all_encodable = true;
     p.names_weekdays = p.reads_weekday = p.reads_day_of_year = false;
-    p.laid_out = p.clock_run = false;
+    p.laid_out = false;
+    p.head = {};
     char work[kPatternBound];
     const int32_t work_length = length <= 0 ? 0 : substitute_representations(items_, pattern, length, work);
     if (work_length < 0) return unknown();
@@ -250,6 +266,8 @@ class Compiler {
     }
     if (!flush_fixed()) return false;
     lay_out();
+    p.head.least_bytes = p.least_bytes_present + p.separator_bytes;
+    p.head.fraction_steps = p.fraction_steps;
     return true;
   }
 
@@ -306,7 +324,7 @@ class Compiler {
   void lay_out() noexcept {
     CompiledPattern &p = program_;
     p.laid_out = p.slots_year = p.slots_clock = p.slots_clock12 = p.slots_blank = false;
-    p.clock_run = false;
+    p.head.clock_run = false;
     p.sources = 0;
     p.run_count = p.slot_count = p.layout_used = 0;
     p.layout_measures = 0;
@@ -342,8 +360,16 @@ class Compiler {
       if (!laid) return;
     }
     p.laid_out = true;
-    p.clock_run = p.run_count <= 1 && (p.run_count == 0 || p.runs[0].name == kNoPiece) &&
-                  !p.reads_date && !p.slots_clock12 && p.fixed_bound <= kRenderCapacity;
+    bool clock_run = p.run_count <= 1 && (p.run_count == 0 || p.runs[0].name == kNoPiece) &&
+                     !p.reads_date && !p.slots_clock12 && p.fixed_bound <= kRenderCapacity;
+    if (clock_run) {
+      const int32_t length = p.run_count == 0 ? 0 : p.runs[0].length;
+      p.clock_measures = measured_length(length, p.layout_measures);
+      clock_run = p.clock_measures.units <= locale::kMaxUnits &&
+                  p.clock_measures.utf8 <= locale::kStepCapacity &&
+                  p.clock_measures.symbolic <= kWorkAreaSize;
+    }
+    p.head.clock_run = clock_run;
   }
 
   bool unknown() noexcept {
@@ -714,10 +740,7 @@ char *put_part(char *at, double value, int32_t width, char pad) noexcept {
 // The measures of the text: every byte not from a piece is ASCII, one unit
 // and one byte in every encoding.
 RenderedText measured(const char *out, const char *at, uint64_t pieces) noexcept {
-  const auto length = static_cast<int32_t>(at - out);
-  const auto field = [pieces](int shift) { return static_cast<int32_t>((pieces >> shift) & 0xFFFF); };
-  const int32_t ascii = length - field(48);
-  return {RenderOutcome::kRendered, length, field(0) + ascii, field(16) + ascii, field(32) + ascii};
+  return measured_length(static_cast<int32_t>(at - out), pieces);
 }
 
 constexpr RenderedText kDeclined{RenderOutcome::kDeclined, 0, 0, 0, 0};
@@ -1191,22 +1214,25 @@ RenderedText render_runs(const CompiledPattern &program, const DayParts &day, do
 RenderedText render(const CompiledPattern &program, double date, double hour, double minute,
                     double second, int32_t fraction_digits, char *out,
                     const ZoneReading &zone) noexcept {
-  // A time at whole seconds in a clock run: the layout's checks were made
-  // when it was compiled, and the date is not read.
-  if (program.clock_run && fraction_digits <= 0) {
-    Pairs pairs;
-    if (fill_clock_pairs(program, hour, minute, second, pairs)) {
-      if (program.run_count == 0) return measured(out, out, 0);
-      const Run &run = program.runs[0];
-      put_blocks(out, program.layout + run.start, run.length);
-      for (int32_t k = 0; k < program.slot_count; ++k) {
-        const Slot &slot = program.slots[k];
-        std::memcpy(out + slot.offset, pairs[static_cast<int>(slot.source)], 2);
-      }
-      return measured(out, out + run.length, program.layout_measures);
-    }
-  }
   return render_with(program, date, hour, minute, second, fraction_digits, out, zone, true);
+}
+
+RenderedText render_clock_run(const CompiledPattern &program, double hour, double minute,
+                              double second, char *out, int32_t room) noexcept {
+  // An hour above 99 is shown in full by the steps.
+  if (!program.head.clock_run || std::fabs(hour) >= 100) return kDeclined;
+  const RenderedText text = program.clock_measures;
+  if (text.length > room || text.length == 0) return text;
+  Pairs pairs;
+  fill_clock_pairs(program, hour, minute, second, pairs);
+  // Exactly the text's bytes: `out` may be the field itself.
+  const Run &run = program.runs[0];
+  frame::copy_exactly(out, program.layout + run.start, static_cast<std::size_t>(run.length));
+  for (int32_t k = 0; k < program.slot_count; ++k) {
+    const Slot &slot = program.slots[k];
+    std::memcpy(out + slot.offset, pairs[static_cast<int>(slot.source)], 2);
+  }
+  return text;
 }
 
 bool has_layout(const CompiledPattern &program) noexcept { return program.laid_out; }

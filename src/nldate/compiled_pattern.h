@@ -48,6 +48,25 @@ inline bool piece_encoding_of(nlnum::SessionCodeset codeset, PieceEncoding &enco
 
 struct CompiledPattern;
 
+// What callers read of a program in line, before they call into it.
+struct ProgramHead {
+  // One run of fixed text with numbers of the clock only (no date, no
+  // names, no 12-hour clock), within the render capacity and with measures
+  // output expansion takes as they are: render_clock_run writes it.
+  bool clock_run = false;
+  // The fewest bytes of a text with every part present, fraction digits
+  // aside, and the seconds that take a fraction: a field of at least
+  // least_bytes + digits * fraction_steps bytes is never certainly too
+  // narrow for it.
+  int32_t least_bytes = 0;
+  int32_t fraction_steps = 0;
+};
+
+// The program's head (its first member).
+inline const ProgramHead &head_of(const CompiledPattern &program) noexcept {
+  return *reinterpret_cast<const ProgramHead *>(&program);
+}
+
 // The pattern (`length` bytes; null or 0 or less is the empty pattern)
 // compiled for `record` (null: no record, every item unfetchable) in
 // `encoding`, from this thread's memo of the last few, compiled on a miss.
@@ -103,6 +122,15 @@ struct RenderedText {
 RenderedText render(const CompiledPattern &program, double date, double hour, double minute,
                     double second, int32_t fraction_digits, char *out,
                     const ZoneReading &zone = {}) noexcept;
+
+// The text of a program of one run of fixed text and clock numbers (no
+// date, no names, no 12-hour clock) at no fraction digits, the same bytes
+// and measures render gives: written at `out` only when its length is at
+// most `room`, exactly that many bytes (so `out` may be the field).  Its
+// measures are within what output expansion takes as they are.
+// kDeclined for another program or an hour above 99.
+RenderedText render_clock_run(const CompiledPattern &program, double hour, double minute,
+                              double second, char *out, int32_t room) noexcept;
 
 // Whether render may write the program's text by its layout (runs of
 // fixed text with two-character numbers dropped in) rather than a step at

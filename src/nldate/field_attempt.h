@@ -12,10 +12,12 @@
 // every pattern item of every locale.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 
 #include "corvinel/fmtreq.h"
+#include "frame/exact_copy.h"
 #include "locale/output_expansion.h"
 #include "locale/transcode_steps.h"
 #include "nldate/compiled_pattern.h"
@@ -54,36 +56,17 @@ inline AttemptSession read_attempt_session(const fmtreq &request,
 int32_t attempt_expanded(fmtreq &request, const EntryExpansion &entry, Accept accept,
                          bool &placed) noexcept;
 
+// Blank-fills the buffer, copies the text to the start of the field.
+inline void lay(fmtreq &request, const char *text, int32_t length) noexcept {
+  std::memset(request.output, ' ', static_cast<std::size_t>(request.capacity));
+  frame::copy_exactly(request.output, text, static_cast<std::size_t>(length));
+  request.outlen = length;
+}
+
 // One attempt: the compiled pattern laid straight into the field where the
 // session and the program allow it, else attempt_expanded; the same
 // results and bytes either way.  In line: the formats make one or a few
 // attempts per call.
-// Blank-fills the buffer, copies the text to the start of the field.
-// A text of up to 32 bytes (most dates and times) is copied as two
-// overlapping pieces of a fixed size, in line.
-inline void lay(fmtreq &request, const char *text, int32_t length) noexcept {
-  char *out = request.output;
-  std::memset(out, ' ', static_cast<std::size_t>(request.capacity));
-  const auto n = static_cast<std::size_t>(length);
-  const auto two_pieces = [out, text, n]<std::size_t kPiece>() {
-    std::memcpy(out, text, kPiece);
-    std::memcpy(out + n - kPiece, text + n - kPiece, kPiece);
-  };
-  if (n >= 8 && n <= 16) {
-    two_pieces.template operator()<8>();
-  } else if (n > 16 && n <= 32) {
-    two_pieces.template operator()<16>();
-  } else if (n >= 4 && n < 8) {
-    two_pieces.template operator()<4>();
-  } else if (n > 32) {
-    std::memcpy(out, text, n);
-  } else if (n > 0) {
-    out[0] = text[0];
-    out[n - 1] = text[n - 1];
-    if (n == 3) out[1] = text[1];
-  }
-  request.outlen = length;
-}
 
 [[gnu::always_inline]] inline int32_t attempt_in_field(fmtreq &request,
                                                       const EntryExpansion &entry, Accept accept,
@@ -94,7 +77,23 @@ inline void lay(fmtreq &request, const char *text, int32_t length) noexcept {
                                                           entry.pattern_length(), session.encoding,
                                                           entry.pattern_is_item())) {
       placed = false;
+      const ProgramHead &head = head_of(*program);
+      // A clock run is written straight into the field when it fits it.
+      if (head.clock_run && accept == Accept::kWhole && entry.fraction_digits() == 0) {
+        const RenderedText clock = render_clock_run(*program, entry.hour(), entry.minute(),
+                                                    entry.second(), request.output, request.width);
+        if (clock.outcome == RenderOutcome::kRendered) {
+          if (clock.length > request.width) return locale::kExpansionShortened;
+          std::memset(request.output + clock.length, ' ',
+                      static_cast<std::size_t>(request.capacity - clock.length));
+          request.outlen = clock.length;
+          placed = true;
+          return clock.length - request.width;
+        }
+      }
       if (accept == Accept::kWhole &&
+          head.least_bytes + int64_t{std::max(entry.fraction_digits(), 0)} * head.fraction_steps >
+              request.width &&
           certainly_too_long(*program, entry.date(), entry.hour(), entry.minute(), entry.second(),
                              entry.fraction_digits(), request.width)) {
         return locale::kExpansionShortened;

@@ -54,7 +54,8 @@ const double kDates[] = {
     6589335,                 day_number(2003, 2, 24) + 0.75, -138062,
     kMissing};
 const Clock kClocks[] = {{0, 0, 0},        {12, 30, 5.996}, {13, 7, 9.125},
-                         {105, 59, 59.9995}, {23, 59, 0.5},  {kMissing, kMissing, kMissing}};
+                         {105, 59, 59.9995}, {23, 59, 0.5},  {kMissing, kMissing, kMissing},
+                         {99.5, 9, 9}};
 
 TEST(CompiledPattern, SymbolicTextIsTheInterpretersText) {
   std::vector<std::string> patterns;
@@ -112,14 +113,40 @@ TEST(CompiledPattern, SymbolicTextIsTheInterpretersText) {
 // Patterns of fixed texts, names and two-character numbers, which render
 // lays out in runs, beside every pattern item: the runs write the bytes and
 // measures of the step-by-step walk in every encoding, for parts present,
-// missing, past 99 hours or with fraction digits.
+// missing, past 99 hours or with fraction digits.  A clock run written
+// straight into a field of just its length has render's bytes and measures
+// and writes nothing past them; with a byte less it writes nothing at all.
+bool expect_clock_run_is_render(const nldate::CompiledPattern &program, const Clock &clock,
+                                const nldate::RenderedText &rendered, const char *text) {
+  char field[nldate::kRenderBufferSize + 1];
+  std::memset(field, '~', sizeof field);
+  const nldate::RenderedText direct = nldate::render_clock_run(
+      program, clock.hour, clock.minute, clock.second, field, rendered.length);
+  if (direct.outcome != nldate::RenderOutcome::kRendered) return false;
+  EXPECT_EQ(direct.length, rendered.length);
+  EXPECT_EQ(direct.symbolic, rendered.symbolic);
+  EXPECT_EQ(direct.units, rendered.units);
+  EXPECT_EQ(direct.utf8, rendered.utf8);
+  const auto length = static_cast<std::size_t>(rendered.length);
+  EXPECT_EQ(std::string(field, length), std::string(text, length));
+  EXPECT_EQ(std::string(field + length, 4), "~~~~");
+  if (rendered.length > 0) {
+    std::memset(field, '~', sizeof field);
+    const nldate::RenderedText narrow = nldate::render_clock_run(
+        program, clock.hour, clock.minute, clock.second, field, rendered.length - 1);
+    EXPECT_EQ(narrow.length, rendered.length);
+    EXPECT_EQ(std::string(field, length + 1), std::string(length + 1, '~'));
+  }
+  return true;
+}
+
 TEST(CompiledPattern, LayoutIsTheStepByStepWalk) {
   std::vector<std::string> patterns = {
       "%d.%m.%Y %H:%M:%S", "%e/%o/%y %I:%M:%s %p", "%A, %B %d, %Y", "%a %b %e %K:%M|",
       "%q %Y", "%l%L %i%I %k%K %h%H", "<U00E9>%B|%S", "%T", "%d%b%Y:%H:%M:%S",
       "%Y<U5E74>%m<U6708>%d<U65E5>", "%+Y %+y %p", "%#d %#B %H"};
   for (int32_t item = 28; item <= 53; ++item) patterns.push_back("%x" + std::to_string(item));
-  int32_t laid_out = 0;
+  int32_t laid_out = 0, clock_runs = 0;
   char steps[nldate::kRenderBufferSize], runs[nldate::kRenderBufferSize];
   for (int32_t locale = 0; locale <= CORVINEL_LOCALE_RECORDS + 1; ++locale) {
     const locitem *record = locale::select_record(locale);
@@ -158,14 +185,21 @@ TEST(CompiledPattern, LayoutIsTheStepByStepWalk) {
               ASSERT_EQ(std::string(steps, static_cast<size_t>(a.length)),
                         std::string(runs, static_cast<size_t>(b.length)))
                   << where();
+              if (digits == 0) {
+                const bool taken = expect_clock_run_is_render(*program, clock, b, runs);
+                if (::testing::Test::HasFatalFailure()) FAIL() << where();
+                clock_runs += taken ? 1 : 0;
+              }
             }
           }
         }
       }
     }
   }
-  // Most programs of most locales take the layout.
+  // Most programs of most locales take the layout; the time items of most
+  // locales are clock runs.
   EXPECT_GT(laid_out, 5000);
+  EXPECT_GT(clock_runs, 2000);
 }
 
 struct Kind {
