@@ -136,6 +136,42 @@ int exact_fixed(double value, int precision, char decimal_point, char *out) {
   return static_cast<int>(next - out);
 }
 
+// Writes the lowest `count` digits of `digits` so that they end at `end`;
+// returns where they start.
+char *put_digits_before(char *end, uint64_t digits, int count) {
+  for (; count >= 2; count -= 2, digits /= 100) {
+    end -= 2;
+    std::memcpy(end, kDigitPairs + 2 * (digits % 100), 2);
+  }
+  if (count == 1) *--end = static_cast<char>('0' + digits % 10);
+  return end;
+}
+
+// The "%-*.*G" text of `number` in a field of `field` bytes.
+int write_general(const SignificantDigits &number, char decimal_point, int field, char *out) {
+  char text[32];  // a sign, 19 digits, a point, "E+", 3 exponent digits
+  char *const end = text + sizeof text;
+  char *first = end;
+  int before_point = number.exponent + 1;
+  if (number.exponent_form) {
+    const int magnitude = number.exponent < 0 ? -number.exponent : number.exponent;
+    first = put_digits_before(first, static_cast<uint64_t>(magnitude), magnitude >= 100 ? 3 : 2);
+    *--first = number.exponent < 0 ? '-' : '+';
+    *--first = 'E';
+    before_point = 1;
+  }
+  const int after_point = number.count - before_point;
+  uint64_t digits = number.digits;
+  if (after_point > 0) {
+    first = put_digits_before(first, digits % kPowersOfTen[after_point], after_point);
+    digits /= kPowersOfTen[after_point];
+    *--first = decimal_point;
+  }
+  first = put_digits_before(first, digits, before_point);
+  if (number.minus) *--first = '-';
+  return keep(first, static_cast<int>(end - first), field, out);
+}
+
 }  // namespace
 
 PrintfNumberTexts::PrintfNumberTexts() : mon_decimal_point_(std::localeconv()->mon_decimal_point) {}
@@ -186,7 +222,71 @@ bool FastNumberTexts::scaled_in_general(double value, int precision, ScaledDecim
   return true;
 }
 
+bool FastNumberTexts::significant(double value, int precision, SignificantDigits &number) const {
+  // printf reads a precision of 0 as 1 significant digit.
+  const int wanted = precision > 0 ? precision : 1;
+  const auto bits = std::bit_cast<uint64_t>(value);
+  const int biased = static_cast<int>((bits >> 52) & 0x7FF);
+  // 1 <= |value| < 2^63: the value is significand * 2^exponent, its integer
+  // part fits 63 bits.
+  if (!one_byte_decimal_point_ || wanted >= kExactPrecisions || biased < 1023 || biased > 1085) {
+    return false;
+  }
+  const uint64_t significand = (bits & ((uint64_t{1} << 52) - 1)) | uint64_t{1} << 52;
+  const int exponent = biased - 1075;  // -52 .. 10
+  const uint64_t integer = exponent >= 0 ? significand << exponent : significand >> -exponent;
+  const int integer_digits = decimal_digits(integer);
+
+  // The value with `wanted` significant digits, rounded from its exact
+  // binary value to the nearest, a tie to the even one, as printf rounds.
+  uint64_t digits;
+  if (wanted >= integer_digits) {
+    // value * 10^(wanted - integer_digits): a 53-bit significand times at
+    // most 10^18 needs at most 113 bits.
+    const u128 product = static_cast<u128>(significand) * kPowersOfTen[wanted - integer_digits];
+    if (exponent >= 0) {
+      digits = static_cast<uint64_t>(product << exponent);  // an integer below 10^wanted
+    } else {
+      const int shift = -exponent;
+      digits = static_cast<uint64_t>(product >> shift);
+      const u128 rest = product & ((u128{1} << shift) - 1);
+      const u128 half = u128{1} << (shift - 1);
+      if (rest > half || (rest == half && (digits & 1) != 0)) ++digits;
+    }
+  } else {
+    // The integer part divided by a power of ten; a remainder of exactly
+    // half is a tie only when the value has no fraction bits.
+    const uint64_t scale = kPowersOfTen[integer_digits - wanted];
+    digits = integer / scale;
+    const uint64_t rest = integer - digits * scale;
+    const uint64_t half = scale / 2;
+    const bool fraction = exponent < 0 && (significand & ((uint64_t{1} << -exponent) - 1)) != 0;
+    if (rest > half || (rest == half && (fraction || (digits & 1) != 0))) ++digits;
+  }
+  number.exponent = integer_digits - 1;
+  if (digits == kPowersOfTen[wanted]) {  // rounded up into a new digit
+    digits = kPowersOfTen[wanted - 1];
+    ++number.exponent;
+  }
+  // Exponent form when the exponent reaches the precision (it is not below
+  // -4 here); trailing zeros go, in a fixed text only after the point.
+  number.exponent_form = number.exponent >= wanted;
+  const int kept = number.exponent_form ? 1 : number.exponent + 1;
+  int count = wanted;
+  while (count > kept && digits % 10 == 0) {
+    digits /= 10;
+    --count;
+  }
+  number.digits = digits;
+  number.count = count;
+  number.minus = (bits >> 63) != 0;
+  return true;
+}
+
 int FastNumberTexts::general(double value, int field, int precision, char *out) const {
+  if (SignificantDigits number; significant(value, precision, number)) {
+    return write_general(number, decimal_point_, field, out);
+  }
   if (!generates(value)) return print_general(value, field, precision, out);
   char text[kWholeTextCapacity];
   // printf reads a precision of 0 as 1 significant digit.

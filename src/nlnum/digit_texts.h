@@ -95,16 +95,48 @@ inline constexpr uint64_t kPowersOfTen[] = {1ull,
                                             1000000000000000000ull,
                                             10000000000000000000ull};
 
+// The count of decimal digits of `value` (0 has one): from its bit length
+// (log10(2) ~ 1233 / 4096), one more when it reaches the next power of ten.
+inline int decimal_digits(uint64_t value) {
+  const int bits = 64 - std::countl_zero(value | 1);
+  const int count = (bits * 1233) >> 12;
+  return (value | 1) >= kPowersOfTen[count] ? count + 1 : count;
+}
+
 // The count of decimal digits of `digits` written with at least
-// `precision` + 1 of them, into `number`: from its bit length (log10(2) ~
-// 1233 / 4096), one more when it reaches the next power of ten.
+// `precision` + 1 of them, into `number`.
 inline void count_digits(uint64_t digits, int precision, ScaledDecimal &number) {
-  const int bits = 64 - std::countl_zero(digits | 1);
-  int count = (bits * 1233) >> 12;
-  if ((digits | 1) >= kPowersOfTen[count]) ++count;  // 0 has one digit too
+  const int count = decimal_digits(digits);
   number.digit_count = count > precision ? count : precision + 1;
   number.zero_integer = count <= precision;
 }
+
+// A "%.*G" text as a number: `digits` holds the `count` digits it writes,
+// the first of them standing for 10^exponent.  In exponent form the text is
+// the first digit, then the decimal point and the rest when there are more,
+// then "E", the exponent's sign and at least two of its digits; otherwise it
+// is the fixed text of those digits (exponent >= 0 here: count is at least
+// exponent + 1, and a point stands before the digits past those).  "%G"
+// drops the zeros that would end a fraction, so `digits` ends in a zero only
+// before the point of a fixed text.
+struct SignificantDigits {
+  uint64_t digits = 0;
+  int count = 1;
+  int exponent = 0;
+  bool minus = false;
+  bool exponent_form = false;
+
+  // The length of the text general() writes for it, before the padding.
+  int text_length() const {
+    const int sign = minus ? 1 : 0;
+    const int point = count > 1 ? 1 : 0;
+    if (exponent_form) {
+      const int magnitude = exponent < 0 ? -exponent : exponent;
+      return sign + count + point + 2 + (magnitude >= 100 ? 3 : 2);
+    }
+    return sign + count + (count > exponent + 1 ? 1 : 0);
+  }
+};
 
 class FastNumberTexts {
  public:
@@ -149,6 +181,11 @@ class FastNumberTexts {
   }
   char decimal_point() const { return decimal_point_; }
   int general(double value, int field, int precision, char *out) const;
+  // The text general() would write, as a number, when it generates it by
+  // integer arithmetic: a finite value whose magnitude lies from 1 up to
+  // below 2^63, at most 19 significant digits, a one-byte decimal point.
+  // False otherwise.
+  bool significant(double value, int precision, SignificantDigits &number) const;
   const char *mon_decimal_point() const { return mon_decimal_point_; }
 
  private:

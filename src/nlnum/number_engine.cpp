@@ -205,6 +205,45 @@ template <typename Texts>
   return result_length;
 }
 
+// general_attempt's results, and a third: the one pass leaves the
+// attempt to it.
+constexpr int kDeclinedAttempt = -3;
+
+// general_attempt for a "%G" text in exponent form, laid out by the one pass:
+// the same result and the same state learnt, or kDeclinedAttempt when the
+// text is not one the one pass takes.  Such a text is not grouped and
+// begins with a digit or "-", so the attempt learns at most that the
+// decimal mark of an exponent text was two bytes.
+int exponent_attempt(const FastNumberTexts &texts, const OnePassLayout &layout, double value,
+                     FittingState &state, fmtreq &request, char *output, int w) {
+  const char point = texts.decimal_point();
+  SignificantDigits number;
+  if ((point != '.' && point != ',') || !texts.significant(value, state.decimals, number) ||
+      !number.exponent_form) {
+    return kDeclinedAttempt;
+  }
+  const int length = number.text_length();
+  if (length > w) return w + 1;  // the digit text alone is too wide
+  // Without decimals assemble_number groups a text without a point as
+  // digits, its padding blanks included.
+  const int field = w - state.shrink;
+  if (state.decimals == 0 && state.grouping_allowed && layout.grouping > 0 &&
+      std::max(length, field) - (number.minus ? 1 : 0) > layout.grouping) {
+    return kDeclinedAttempt;
+  }
+  const OnePassAttempt attempt = place_exponent_one_pass(layout, number, field, request, output, w);
+  switch (attempt.outcome) {
+    case OnePass::kPlaced: return kPlacedAttempt;
+    case OnePass::kDeclined: return kDeclinedAttempt;
+    case OnePass::kTooWide: break;
+  }
+  // assemble_number takes a text as an exponent text only by its ".".
+  if (number.count > 1 && point == '.' && layout.decimal.symbolic == 2) {
+    state.two_byte_decimal = true;
+  }
+  return attempt.symbolic_length;
+}
+
 template <typename Sources>
 int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtreq &request) {
   if (mode != 0 || !locale::is_pattern_item(item)) return kNoConvention;
@@ -266,8 +305,17 @@ int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtr
     const bool fixed_too_wide =
         state.shrink > 0 ||
         (scaled_taken && scaled_decimals == state.decimals && scaled.text_length() > w);
-    const int result_length = general_attempt(texts, convention, codeset, fixed_too_wide, value,
-                                              state, request, output, w);
+    int result_length = kDeclinedAttempt;
+    if constexpr (Sources::kOnePass) {
+      // Only the exponent text counts: laid out in one pass where it can be.
+      if (one_pass != nullptr && fixed_too_wide) {
+        result_length = exponent_attempt(texts, *one_pass, value, state, request, output, w);
+      }
+    }
+    if (result_length == kDeclinedAttempt) {
+      result_length = general_attempt(texts, convention, codeset, fixed_too_wide, value, state,
+                                      request, output, w);
+    }
     if (result_length == kPlacedAttempt) return CORVINEL_OK;
     if (result_length == kFailedAttempt) return fill_overflow(request, output, w);
     if (!state.adjust(result_length, w)) return fill_overflow(request, output, w);

@@ -180,6 +180,14 @@ char *put_digits_before(char *end, Digits &digits, std::size_t count) {
   return end;
 }
 
+// Whether a text passes the general attempt's limits: its number (as
+// assemble_number counts it) or its composed text is cut, or expansion
+// leaves its shortcut.
+bool passes_limits(std::size_t assembled, std::size_t symbolic, std::size_t length) {
+  return assembled > static_cast<std::size_t>(kMaxAssembledNumber) ||
+         symbolic > static_cast<std::size_t>(kComposedCapacity) || length > kMostSessionBytes;
+}
+
 // Writes the number `digits` (`integer` digits, then `fraction` after the
 // decimal mark, a separator before each `group` digits from the point
 // leftwards, `separators` of them) so that it ends at `end`; returns where
@@ -270,12 +278,7 @@ OnePassAttempt place_one_pass(const OnePassLayout &layout, const ScaledDecimal &
   };
   if (!layout.within_limits) {
     const std::size_t symbolic = symbolic_length();
-    const std::size_t assembled = symbolic - before.symbolic - after.symbolic;
-    if (assembled > static_cast<std::size_t>(kMaxAssembledNumber) ||
-        symbolic > static_cast<std::size_t>(kComposedCapacity) ||
-        length > kMostSessionBytes) {
-      return {};
-    }
+    if (passes_limits(symbolic - before.symbolic - after.symbolic, symbolic, length)) return {};
   }
   const bool grouped = separators > 0 && layout.separator.symbolic > 0;
   if (length > static_cast<std::size_t>(width)) {
@@ -292,6 +295,52 @@ OnePassAttempt place_one_pass(const OnePassLayout &layout, const ScaledDecimal &
   put_before(out, before);
   request.outlen = width;
   return {OnePass::kPlaced, grouped, 0};
+}
+
+OnePassAttempt place_exponent_one_pass(const OnePassLayout &layout, const SignificantDigits &number,
+                                       int text_field, fmtreq &request, char *output,
+                                       int32_t width) {
+  // The number: the first digit, the decimal mark and the other digits when
+  // there are more, the exponent ("E", its sign, two or three digits).
+  const auto count = static_cast<std::size_t>(number.count);
+  const bool has_point = count > 1;
+  const int magnitude = number.exponent < 0 ? -number.exponent : number.exponent;
+  const std::size_t exponent_digits = magnitude >= 100 ? 3 : 2;
+  const std::size_t plain = count + 2 + exponent_digits;  // digits and exponent
+  const int sign_class = number.minus ? kNegative : kPositive;
+  const EncodedPiece &before = layout.before[sign_class];
+  const EncodedPiece &after = layout.after[sign_class];
+  const std::size_t length =
+      plain + (has_point ? layout.decimal.length : 0) + layout.around_length[sign_class];
+  const std::size_t symbolic =
+      plain + (has_point ? layout.decimal.symbolic : 0) + before.symbolic + after.symbolic;
+  // assemble_number keeps the text's padding blanks (compose_layout drops
+  // them) and counts them against its limit.
+  const auto text_length = static_cast<std::size_t>(number.text_length());
+  const std::size_t padded = std::max(text_length, static_cast<std::size_t>(std::max(text_field, 0)));
+  const std::size_t assembled =
+      padded - (number.minus ? 1 : 0) + (has_point ? layout.decimal.symbolic - 1 : 0);
+  if (passes_limits(assembled, symbolic, length)) return {};
+  if (length > static_cast<std::size_t>(width)) {
+    return {OnePass::kTooWide, false, static_cast<int>(symbolic)};
+  }
+
+  // From the right edge of the field leftwards.
+  std::memset(output, ' ', static_cast<std::size_t>(request.capacity));
+  char *out = put_before(output + width, after);
+  auto exponent = static_cast<uint32_t>(magnitude);
+  out = put_digits_before(out, exponent, exponent_digits);
+  *--out = number.exponent < 0 ? '-' : '+';
+  *--out = 'E';
+  uint64_t digits = number.digits;
+  if (has_point) {
+    out = put_digits_before(out, digits, count - 1);
+    out = put_before(out, layout.decimal);
+  }
+  *--out = static_cast<char>('0' + digits);
+  put_before(out, before);
+  request.outlen = width;
+  return {OnePass::kPlaced, false, 0};
 }
 
 }  // namespace corvinel::nlnum
