@@ -21,6 +21,7 @@
 
 #include <bit>
 #include <cstdint>
+#include <iterator>
 
 namespace corvinel::nlnum {
 
@@ -95,6 +96,11 @@ inline constexpr uint64_t kPowersOfTen[] = {1ull,
                                             1000000000000000000ull,
                                             10000000000000000000ull};
 
+// Precisions below this scale by a power of ten of kPowersOfTen.
+inline constexpr int kExactPrecisions = static_cast<int>(std::size(kPowersOfTen));
+
+using u128 = unsigned __int128;
+
 // The count of decimal digits of `value` (0 has one): from its bit length
 // (log10(2) ~ 1233 / 4096), one more when it reaches the next power of ten.
 inline int decimal_digits(uint64_t value) {
@@ -106,7 +112,9 @@ inline int decimal_digits(uint64_t value) {
 // The count of decimal digits of `digits` written with at least
 // `precision` + 1 of them, into `number`.
 inline void count_digits(uint64_t digits, int precision, ScaledDecimal &number) {
-  const int count = decimal_digits(digits);
+  const int bits = 64 - std::countl_zero(digits | 1);
+  int count = (bits * 1233) >> 12;
+  if ((digits | 1) >= kPowersOfTen[count]) ++count;  // 0 has one digit too
   number.digit_count = count > precision ? count : precision + 1;
   number.zero_integer = count <= precision;
 }
@@ -185,6 +193,8 @@ class FastNumberTexts {
   // integer arithmetic: a finite value whose magnitude lies from 1 up to
   // below 2^63, at most 19 significant digits, a one-byte decimal point.
   // False otherwise.
+  // In line: the exponent attempts of the engine take it on every call that
+  // reaches them.
   bool significant(double value, int precision, SignificantDigits &number) const;
   const char *mon_decimal_point() const { return mon_decimal_point_; }
 
@@ -197,5 +207,67 @@ class FastNumberTexts {
   bool one_byte_decimal_point_;
   const char *mon_decimal_point_;
 };
+
+inline bool FastNumberTexts::significant(double value, int precision, SignificantDigits &number) const {
+  // printf reads a precision of 0 as 1 significant digit.
+  const int wanted = precision > 0 ? precision : 1;
+  const auto bits = std::bit_cast<uint64_t>(value);
+  const int biased = static_cast<int>((bits >> 52) & 0x7FF);
+  // 1 <= |value| < 2^63: the value is significand * 2^exponent, its integer
+  // part fits 63 bits.
+  if (!one_byte_decimal_point_ || wanted >= kExactPrecisions || biased < 1023 ||
+      biased > 1085) {
+    return false;
+  }
+  const uint64_t significand = (bits & ((uint64_t{1} << 52) - 1)) | uint64_t{1} << 52;
+  const int exponent = biased - 1075;  // -52 .. 10
+  const uint64_t integer = exponent >= 0 ? significand << exponent : significand >> -exponent;
+  const int integer_digits = decimal_digits(integer);
+
+  // The value with `wanted` significant digits, rounded from its exact
+  // binary value to the nearest, a tie to the even one, as printf rounds.
+  uint64_t digits;
+  if (wanted >= integer_digits) {
+    // value * 10^(wanted - integer_digits): a 53-bit significand times at
+    // most 10^18 needs at most 113 bits.
+    const u128 product = static_cast<u128>(significand) * kPowersOfTen[wanted - integer_digits];
+    if (exponent >= 0) {
+      digits = static_cast<uint64_t>(product << exponent);  // an integer below 10^wanted
+    } else {
+      const int shift = -exponent;
+      digits = static_cast<uint64_t>(product >> shift);
+      const u128 rest = product & ((u128{1} << shift) - 1);
+      const u128 half = u128{1} << (shift - 1);
+      if (rest > half || (rest == half && (digits & 1) != 0)) ++digits;
+    }
+  } else {
+    // The integer part divided by a power of ten; a remainder of exactly
+    // half is a tie only when the value has no fraction bits.
+    const uint64_t scale = kPowersOfTen[integer_digits - wanted];
+    digits = integer / scale;
+    const uint64_t rest = integer - digits * scale;
+    const uint64_t half = scale / 2;
+    const bool fraction = exponent < 0 && (significand & ((uint64_t{1} << -exponent) - 1)) != 0;
+    if (rest > half || (rest == half && (fraction || (digits & 1) != 0))) ++digits;
+  }
+  number.exponent = integer_digits - 1;
+  if (digits == kPowersOfTen[wanted]) {  // rounded up into a new digit
+    digits = kPowersOfTen[wanted - 1];
+    ++number.exponent;
+  }
+  // Exponent form when the exponent reaches the precision (it is not below
+  // -4 here); trailing zeros go, in a fixed text only after the point.
+  number.exponent_form = number.exponent >= wanted;
+  const int kept = number.exponent_form ? 1 : number.exponent + 1;
+  int count = wanted;
+  while (count > kept && digits % 10 == 0) {
+    digits /= 10;
+    --count;
+  }
+  number.digits = digits;
+  number.count = count;
+  number.minus = (bits >> 63) != 0;
+  return true;
+}
 
 }  // namespace corvinel::nlnum

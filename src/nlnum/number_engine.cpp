@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <type_traits>
 
 #include "corvinel/locale_db.h"
 #include "corvinel/missing.h"
@@ -150,9 +151,47 @@ struct FastSources {
   }
 };
 
-// What general_attempt reports besides the length of a text too wide.
+// What general_attempt reports besides the length of a text too wide, and
+// what the one pass of an exponent text reports when it leaves the attempt
+// to general_attempt.
 constexpr int kPlacedAttempt = -1;
 constexpr int kFailedAttempt = -2;
+constexpr int kDeclinedAttempt = -3;
+
+// general_attempt for a "%G" text in exponent form, laid out by the one pass:
+// the same result and the same state learnt, or kDeclinedAttempt when the
+// text is not one the one pass takes.  Such a text is not grouped and
+// begins with a digit or "-", so the attempt learns at most that the
+// decimal mark of an exponent text was two bytes.
+int exponent_attempt(const FastNumberTexts &texts, const OnePassLayout &layout, double value,
+                     FittingState &state, fmtreq &request, char *output, int w) {
+  const char point = texts.decimal_point();
+  SignificantDigits number;
+  if ((point != '.' && point != ',') || !texts.significant(value, state.decimals, number) ||
+      !number.exponent_form) {
+    return kDeclinedAttempt;
+  }
+  const int length = number.text_length();
+  if (length > w) return w + 1;  // the digit text alone is too wide
+  // Without decimals assemble_number groups a text without a point as
+  // digits, its padding blanks included.
+  const int field = w - state.shrink;
+  if (state.decimals == 0 && state.grouping_allowed && layout.grouping > 0 &&
+      std::max(length, field) - (number.minus ? 1 : 0) > layout.grouping) {
+    return kDeclinedAttempt;
+  }
+  const OnePassAttempt attempt = place_exponent_one_pass(layout, number, field, request, output, w);
+  switch (attempt.outcome) {
+    case OnePass::kPlaced: return kPlacedAttempt;
+    case OnePass::kDeclined: return kDeclinedAttempt;
+    case OnePass::kTooWide: break;
+  }
+  // assemble_number takes a text as an exponent text only by its ".".
+  if (number.count > 1 && point == '.' && layout.decimal.symbolic == 2) {
+    state.two_byte_decimal = true;
+  }
+  return attempt.symbolic_length;
+}
 
 // One attempt that writes the digit text, assembles and composes it and
 // hands it to output expansion: kPlacedAttempt when the text stands in the
@@ -162,8 +201,16 @@ constexpr int kFailedAttempt = -2;
 template <typename Texts>
 [[gnu::noinline]] int general_attempt(const Texts &texts,
                                       const locale::PatternConvention &convention,
-                                      SessionCodeset codeset, bool fixed_too_wide, double value,
-                                      FittingState &state, fmtreq &request, char *output, int w) {
+                                      const OnePassLayout *one_pass, SessionCodeset codeset,
+                                      bool fixed_too_wide, double value, FittingState &state,
+                                      fmtreq &request, char *output, int w) {
+  if constexpr (std::is_same_v<Texts, FastNumberTexts>) {
+    // Only the exponent text counts: laid out in one pass where it can be.
+    if (one_pass != nullptr && fixed_too_wide) {
+      const int result = exponent_attempt(texts, *one_pass, value, state, request, output, w);
+      if (result != kDeclinedAttempt) return result;
+    }
+  }
   char digits[kDigitTextCapacity];
   // The fixed text is not written for nothing: once the field narrows only
   // the exponent text counts, and a fixed text whose scaled form is already
@@ -203,45 +250,6 @@ template <typename Texts>
     }
   }
   return result_length;
-}
-
-// general_attempt's results, and a third: the one pass leaves the
-// attempt to it.
-constexpr int kDeclinedAttempt = -3;
-
-// general_attempt for a "%G" text in exponent form, laid out by the one pass:
-// the same result and the same state learnt, or kDeclinedAttempt when the
-// text is not one the one pass takes.  Such a text is not grouped and
-// begins with a digit or "-", so the attempt learns at most that the
-// decimal mark of an exponent text was two bytes.
-int exponent_attempt(const FastNumberTexts &texts, const OnePassLayout &layout, double value,
-                     FittingState &state, fmtreq &request, char *output, int w) {
-  const char point = texts.decimal_point();
-  SignificantDigits number;
-  if ((point != '.' && point != ',') || !texts.significant(value, state.decimals, number) ||
-      !number.exponent_form) {
-    return kDeclinedAttempt;
-  }
-  const int length = number.text_length();
-  if (length > w) return w + 1;  // the digit text alone is too wide
-  // Without decimals assemble_number groups a text without a point as
-  // digits, its padding blanks included.
-  const int field = w - state.shrink;
-  if (state.decimals == 0 && state.grouping_allowed && layout.grouping > 0 &&
-      std::max(length, field) - (number.minus ? 1 : 0) > layout.grouping) {
-    return kDeclinedAttempt;
-  }
-  const OnePassAttempt attempt = place_exponent_one_pass(layout, number, field, request, output, w);
-  switch (attempt.outcome) {
-    case OnePass::kPlaced: return kPlacedAttempt;
-    case OnePass::kDeclined: return kDeclinedAttempt;
-    case OnePass::kTooWide: break;
-  }
-  // assemble_number takes a text as an exponent text only by its ".".
-  if (number.count > 1 && point == '.' && layout.decimal.symbolic == 2) {
-    state.two_byte_decimal = true;
-  }
-  return attempt.symbolic_length;
 }
 
 template <typename Sources>
@@ -298,6 +306,12 @@ int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtr
         if (attempt.outcome == OnePass::kTooWide) {
           state.grouped = state.grouped || attempt.grouped;
           if (!state.adjust(attempt.symbolic_length, w)) return fill_overflow(request, output, w);
+          // The next attempt, the same text without group separators, is
+          // known to be too wide too: it would learn nothing but its length.
+          if (attempt.ungrouped_symbolic_length > 0 &&
+              !state.adjust(attempt.ungrouped_symbolic_length, w)) {
+            return fill_overflow(request, output, w);
+          }
           continue;
         }
       }
@@ -305,17 +319,8 @@ int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtr
     const bool fixed_too_wide =
         state.shrink > 0 ||
         (scaled_taken && scaled_decimals == state.decimals && scaled.text_length() > w);
-    int result_length = kDeclinedAttempt;
-    if constexpr (Sources::kOnePass) {
-      // Only the exponent text counts: laid out in one pass where it can be.
-      if (one_pass != nullptr && fixed_too_wide) {
-        result_length = exponent_attempt(texts, *one_pass, value, state, request, output, w);
-      }
-    }
-    if (result_length == kDeclinedAttempt) {
-      result_length = general_attempt(texts, convention, codeset, fixed_too_wide, value, state,
-                                      request, output, w);
-    }
+    const int result_length = general_attempt(texts, convention, one_pass, codeset,
+                                              fixed_too_wide, value, state, request, output, w);
     if (result_length == kPlacedAttempt) return CORVINEL_OK;
     if (result_length == kFailedAttempt) return fill_overflow(request, output, w);
     if (!state.adjust(result_length, w)) return fill_overflow(request, output, w);
