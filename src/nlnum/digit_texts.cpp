@@ -145,14 +145,13 @@ char *put_digits_before(char *end, uint64_t digits, int count) {
 
 // The "%-*.*G" text of `number` in a field of `field` bytes.
 int write_general(const SignificantDigits &number, char decimal_point, int field, char *out) {
-  char text[32];  // a sign, 19 digits, a point, "E+", 3 exponent digits
+  char text[32];  // a sign, 19 digits, a point, "E+", 2 exponent digits
   char *const end = text + sizeof text;
   char *first = end;
   int before_point = number.exponent + 1;
   if (number.exponent_form) {
-    const int magnitude = number.exponent < 0 ? -number.exponent : number.exponent;
-    first = put_digits_before(first, static_cast<uint64_t>(magnitude), magnitude >= 100 ? 3 : 2);
-    *--first = number.exponent < 0 ? '-' : '+';
+    first = put_digits_before(first, static_cast<uint64_t>(number.exponent), 2);
+    *--first = '+';
     *--first = 'E';
     before_point = 1;
   }

@@ -119,14 +119,14 @@ inline void count_digits(uint64_t digits, int precision, ScaledDecimal &number) 
   number.zero_integer = count <= precision;
 }
 
-// A "%.*G" text as a number: `digits` holds the `count` digits it writes,
-// the first of them standing for 10^exponent.  In exponent form the text is
-// the first digit, then the decimal point and the rest when there are more,
-// then "E", the exponent's sign and at least two of its digits; otherwise it
-// is the fixed text of those digits (exponent >= 0 here: count is at least
-// exponent + 1, and a point stands before the digits past those).  "%G"
-// drops the zeros that would end a fraction, so `digits` ends in a zero only
-// before the point of a fixed text.
+// A "%.*G" text of a value from 1 up to below 2^63 as a number: `digits`
+// holds the `count` digits it writes, the first of them standing for
+// 10^exponent (0 .. 19).  In exponent form the text is the first digit,
+// then the decimal point and the rest when there are more, then "E+" and
+// the exponent in two digits; otherwise it is the fixed text of those
+// digits (count is at least exponent + 1, and a point stands before the
+// digits past those).  "%G" drops the zeros that would end a fraction, so
+// `digits` ends in a zero only before the point of a fixed text.
 struct SignificantDigits {
   uint64_t digits = 0;
   int count = 1;
@@ -134,16 +134,9 @@ struct SignificantDigits {
   bool minus = false;
   bool exponent_form = false;
 
-  // The length of the text general() writes for it, before the padding.
-  int text_length() const {
-    const int sign = minus ? 1 : 0;
-    const int point = count > 1 ? 1 : 0;
-    if (exponent_form) {
-      const int magnitude = exponent < 0 ? -exponent : exponent;
-      return sign + count + point + 2 + (magnitude >= 100 ? 3 : 2);
-    }
-    return sign + count + (count > exponent + 1 ? 1 : 0);
-  }
+  // The length of the text general() writes for it in exponent form,
+  // before the padding.
+  int exponent_text_length() const { return (minus ? 1 : 0) + count + (count > 1 ? 1 : 0) + 4; }
 };
 
 class FastNumberTexts {

@@ -171,7 +171,7 @@ int exponent_attempt(const FastNumberTexts &texts, const OnePassLayout &layout, 
       !number.exponent_form) {
     return kDeclinedAttempt;
   }
-  const int length = number.text_length();
+  const int length = number.exponent_text_length();
   if (length > w) return w + 1;  // the digit text alone is too wide
   // Without decimals assemble_number groups a text without a point as
   // digits, its padding blanks included.

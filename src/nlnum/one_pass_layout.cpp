@@ -262,9 +262,9 @@ OnePassLayout compile_one_pass(const LayoutParts &parts, SessionCodeset codeset)
   layout.within_limits =
       !passes_limits(widest_assembled, widest_assembled + widest_around_symbolic,
                      widest_length + widest_around_length);
-  // The widest exponent text: 19 digits, the decimal mark, "E", a sign and
-  // three digits; assemble_number counts it padded to its field.
-  constexpr std::size_t kMostExponentText = kMostDigits - 1 + 5;
+  // The widest exponent text: 19 digits, the decimal mark, "E+" and two
+  // digits; assemble_number counts it padded to its field.
+  constexpr std::size_t kMostExponentText = kMostDigits - 1 + 4;
   layout.exponent_within_limits = !passes_limits(
       kPieceCapacity + layout.decimal.symbolic,
       kMostExponentText + layout.decimal.symbolic + widest_around_symbolic,
@@ -324,12 +324,10 @@ OnePassAttempt place_exponent_one_pass(const OnePassLayout &layout, const Signif
                                        int text_field, fmtreq &request, char *output,
                                        int32_t width) {
   // The number: the first digit, the decimal mark and the other digits when
-  // there are more, the exponent ("E", its sign, two or three digits).
+  // there are more, the exponent ("E+" and two digits).
   const auto count = static_cast<std::size_t>(number.count);
   const bool has_point = count > 1;
-  const int magnitude = number.exponent < 0 ? -number.exponent : number.exponent;
-  const std::size_t exponent_digits = magnitude >= 100 ? 3 : 2;
-  const std::size_t plain = count + 2 + exponent_digits;  // digits and exponent
+  const std::size_t plain = count + 4;  // digits and exponent
   const int sign_class = number.minus ? kNegative : kPositive;
   const EncodedPiece &before = layout.before[sign_class];
   const EncodedPiece &after = layout.after[sign_class];
@@ -340,7 +338,7 @@ OnePassAttempt place_exponent_one_pass(const OnePassLayout &layout, const Signif
   if (!layout.exponent_within_limits || text_field > kPieceCapacity) {
     // assemble_number keeps the text's padding blanks (compose_layout drops
     // them) and counts them against its limit.
-    const auto text_length = static_cast<std::size_t>(number.text_length());
+    const auto text_length = static_cast<std::size_t>(number.exponent_text_length());
     const std::size_t padded =
         std::max(text_length, static_cast<std::size_t>(std::max(text_field, 0)));
     const std::size_t assembled =
@@ -354,9 +352,9 @@ OnePassAttempt place_exponent_one_pass(const OnePassLayout &layout, const Signif
   // From the right edge of the field leftwards.
   std::memset(output, ' ', static_cast<std::size_t>(request.capacity));
   char *out = put_before(output + width, after);
-  auto exponent = static_cast<uint32_t>(magnitude);
-  out = put_digits_before(out, exponent, exponent_digits);
-  *--out = number.exponent < 0 ? '-' : '+';
+  auto exponent = static_cast<uint32_t>(number.exponent);
+  out = put_digits_before(out, exponent, 2);
+  *--out = '+';
   *--out = 'E';
   uint64_t digits = number.digits;
   if (has_point) {

@@ -92,8 +92,7 @@ OnePassAttempt place_one_pass(const OnePassLayout &layout, const ScaledDecimal &
                               int32_t width);
 
 // One attempt with the exponent-form "%G" text of `number`, blank-padded to
-// `text_field` bytes, for a nonzero value: placed or reported as
-// place_one_pass does.  The caller has made sure, besides what
+// `text_field` bytes: placed or reported as place_one_pass does.  The caller has made sure, besides what
 // place_one_pass needs, that assemble_number keeps the text whole but for
 // its decimal point, which becomes the locale's decimal mark: it is not
 // grouped, and the process locale's decimal point is "." or ",".
