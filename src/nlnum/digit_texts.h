@@ -240,8 +240,11 @@ inline bool FastNumberTexts::significant(double value, int precision, Significan
     digits = integer / scale;
     const uint64_t rest = integer - digits * scale;
     const uint64_t half = scale / 2;
-    const bool fraction = exponent < 0 && (significand & ((uint64_t{1} << -exponent) - 1)) != 0;
-    if (rest > half || (rest == half && (fraction || (digits & 1) != 0))) ++digits;
+    if (rest > half ||
+        (rest == half && ((digits & 1) != 0 ||
+                          (exponent < 0 && (significand & ((uint64_t{1} << -exponent) - 1)) != 0)))) {
+      ++digits;
+    }
   }
   number.exponent = integer_digits - 1;
   if (digits == kPowersOfTen[wanted]) {  // rounded up into a new digit

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <type_traits>
 
 #include "corvinel/locale_db.h"
 #include "corvinel/missing.h"
@@ -162,8 +161,9 @@ constexpr int kDeclinedAttempt = -3;
 // the same result and the same state learnt, or kDeclinedAttempt when the
 // text is not one the one pass takes.  Such a text is not grouped and
 // begins with a digit or "-", so the attempt learns at most that the
-// decimal mark of an exponent text was two bytes.
-int exponent_attempt(const FastNumberTexts &texts, const OnePassLayout &layout, double value,
+// decimal mark of an exponent text was two bytes.  Out of line, like
+// general_attempt.
+[[gnu::noinline]] int exponent_attempt(const FastNumberTexts &texts, const OnePassLayout &layout, double value,
                      FittingState &state, fmtreq &request, char *output, int w) {
   const char point = texts.decimal_point();
   SignificantDigits number;
@@ -201,16 +201,8 @@ int exponent_attempt(const FastNumberTexts &texts, const OnePassLayout &layout, 
 template <typename Texts>
 [[gnu::noinline]] int general_attempt(const Texts &texts,
                                       const locale::PatternConvention &convention,
-                                      const OnePassLayout *one_pass, SessionCodeset codeset,
-                                      bool fixed_too_wide, double value, FittingState &state,
-                                      fmtreq &request, char *output, int w) {
-  if constexpr (std::is_same_v<Texts, FastNumberTexts>) {
-    // Only the exponent text counts: laid out in one pass where it can be.
-    if (one_pass != nullptr && fixed_too_wide) {
-      const int result = exponent_attempt(texts, *one_pass, value, state, request, output, w);
-      if (result != kDeclinedAttempt) return result;
-    }
-  }
+                                      SessionCodeset codeset, bool fixed_too_wide, double value,
+                                      FittingState &state, fmtreq &request, char *output, int w) {
   char digits[kDigitTextCapacity];
   // The fixed text is not written for nothing: once the field narrows only
   // the exponent text counts, and a fixed text whose scaled form is already
@@ -319,8 +311,17 @@ int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtr
     const bool fixed_too_wide =
         state.shrink > 0 ||
         (scaled_taken && scaled_decimals == state.decimals && scaled.text_length() > w);
-    const int result_length = general_attempt(texts, convention, one_pass, codeset,
-                                              fixed_too_wide, value, state, request, output, w);
+    int result_length = kDeclinedAttempt;
+    if constexpr (Sources::kOnePass) {
+      // Only the exponent text counts: laid out in one pass where it can be.
+      if (one_pass != nullptr && fixed_too_wide) {
+        result_length = exponent_attempt(texts, *one_pass, value, state, request, output, w);
+      }
+    }
+    if (result_length == kDeclinedAttempt) {
+      result_length = general_attempt(texts, convention, codeset, fixed_too_wide, value, state,
+                                      request, output, w);
+    }
     if (result_length == kPlacedAttempt) return CORVINEL_OK;
     if (result_length == kFailedAttempt) return fill_overflow(request, output, w);
     if (!state.adjust(result_length, w)) return fill_overflow(request, output, w);

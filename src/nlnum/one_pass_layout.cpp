@@ -333,8 +333,10 @@ OnePassAttempt place_exponent_one_pass(const OnePassLayout &layout, const Signif
   const EncodedPiece &after = layout.after[sign_class];
   const std::size_t length =
       plain + (has_point ? layout.decimal.length : 0) + layout.around_length[sign_class];
-  const std::size_t symbolic =
-      plain + (has_point ? layout.decimal.symbolic : 0) + before.symbolic + after.symbolic;
+  // Worked out only for limits a layout may pass and for a text too wide.
+  const auto symbolic_length = [&] {
+    return plain + (has_point ? layout.decimal.symbolic : 0) + before.symbolic + after.symbolic;
+  };
   if (!layout.exponent_within_limits || text_field > kPieceCapacity) {
     // assemble_number keeps the text's padding blanks (compose_layout drops
     // them) and counts them against its limit.
@@ -343,10 +345,10 @@ OnePassAttempt place_exponent_one_pass(const OnePassLayout &layout, const Signif
         std::max(text_length, static_cast<std::size_t>(std::max(text_field, 0)));
     const std::size_t assembled =
         padded - (number.minus ? 1 : 0) + (has_point ? layout.decimal.symbolic - 1 : 0);
-    if (passes_limits(assembled, symbolic, length)) return {};
+    if (passes_limits(assembled, symbolic_length(), length)) return {};
   }
   if (length > static_cast<std::size_t>(width)) {
-    return {OnePass::kTooWide, false, static_cast<int>(symbolic), 0};
+    return {OnePass::kTooWide, false, static_cast<int>(symbolic_length()), 0};
   }
 
   // From the right edge of the field leftwards.
