@@ -163,7 +163,7 @@ constexpr int kDeclinedAttempt = -3;
 // begins with a digit or "-", so the attempt learns at most that the
 // decimal mark of an exponent text was two bytes.  Out of line, like
 // general_attempt.
-[[gnu::noinline]] int exponent_attempt(const FastNumberTexts &texts, const OnePassLayout &layout, double value,
+int exponent_attempt(const FastNumberTexts &texts, const OnePassLayout &layout, double value,
                      FittingState &state, fmtreq &request, char *output, int w) {
   const char point = texts.decimal_point();
   SignificantDigits number;
@@ -314,7 +314,7 @@ int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtr
     int result_length = kDeclinedAttempt;
     if constexpr (Sources::kOnePass) {
       // Only the exponent text counts: laid out in one pass where it can be.
-      if (one_pass != nullptr && fixed_too_wide) {
+      if (one_pass != nullptr && fixed_too_wide) [[unlikely]] {
         result_length = exponent_attempt(texts, *one_pass, value, state, request, output, w);
       }
     }
