@@ -201,7 +201,8 @@ class FastNumberTexts {
   const char *mon_decimal_point_;
 };
 
-inline bool FastNumberTexts::significant(double value, int precision, SignificantDigits &number) const {
+inline bool FastNumberTexts::significant(double value, int precision,
+                                         SignificantDigits &number) const {
   // printf reads a precision of 0 as 1 significant digit.
   const int wanted = precision > 0 ? precision : 1;
   const auto bits = std::bit_cast<uint64_t>(value);
@@ -240,11 +241,10 @@ inline bool FastNumberTexts::significant(double value, int precision, Significan
     digits = integer / scale;
     const uint64_t rest = integer - digits * scale;
     const uint64_t half = scale / 2;
-    if (rest > half ||
-        (rest == half && ((digits & 1) != 0 ||
-                          (exponent < 0 && (significand & ((uint64_t{1} << -exponent) - 1)) != 0)))) {
-      ++digits;
-    }
+    const auto fraction_bits = [&] {
+      return exponent < 0 && (significand & ((uint64_t{1} << -exponent) - 1)) != 0;
+    };
+    if (rest > half || (rest == half && ((digits & 1) != 0 || fraction_bits()))) ++digits;
   }
   number.exponent = integer_digits - 1;
   if (digits == kPowersOfTen[wanted]) {  // rounded up into a new digit

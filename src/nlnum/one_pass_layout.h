@@ -92,10 +92,11 @@ OnePassAttempt place_one_pass(const OnePassLayout &layout, const ScaledDecimal &
                               int32_t width);
 
 // One attempt with the exponent-form "%G" text of `number`, blank-padded to
-// `text_field` bytes: placed or reported as place_one_pass does.  The caller has made sure, besides what
-// place_one_pass needs, that assemble_number keeps the text whole but for
-// its decimal point, which becomes the locale's decimal mark: it is not
-// grouped, and the process locale's decimal point is "." or ",".
+// `text_field` bytes: placed or reported as place_one_pass does.  The
+// caller has made sure, besides what place_one_pass needs, that
+// assemble_number keeps the text whole but for its decimal point, which
+// becomes the locale's decimal mark: it is not grouped, and the process
+// locale's decimal point is "." or ",".
 OnePassAttempt place_exponent_one_pass(const OnePassLayout &layout, const SignificantDigits &number,
                                        int text_field, fmtreq &request, char *output,
                                        int32_t width);

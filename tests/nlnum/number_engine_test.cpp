@@ -93,7 +93,8 @@ std::vector<double> exponent_values() {
       // A tie at `digits` significant digits: digits of its own, then "5"
       // and zeros (at most 15 digits: below 2^53, so exact), or then ".5".
       const uint64_t lead = kPowersOfTen[digits - 1] + random() % (9 * kPowersOfTen[digits - 1]);
-      const int zeros = digits < 15 ? static_cast<int>(random() % static_cast<uint64_t>(15 - digits)) : 0;
+      const int zeros =
+          digits < 15 ? static_cast<int>(random() % static_cast<uint64_t>(15 - digits)) : 0;
       const double tie = k % 2 == 0 && digits < 15
                              ? static_cast<double>((lead * 10 + 5) * kPowersOfTen[zeros])
                              : static_cast<double>(lead) + 0.5;
@@ -161,6 +162,27 @@ TEST_P(InProcessLocale, DigitTextsMatchSnprintf) {
   EXPECT_EQ(failures, 0);
 }
 
+// zkfnum against zkfnum_reference for one request in the ORB_LOCALE set,
+// in 16-bit units when `units`: result, field, outlen, width, delivered
+// encoding.  The first differences are reported.
+void expect_engine_agrees(const char *locale, int32_t item, int32_t width, int32_t decimals,
+                          double value, bool units, int &failures) {
+  const int32_t capacity = 2 * width + 4;
+  Request fast(width, decimals, value, capacity);
+  Request reference(width, decimals, value, capacity);
+  if (units) fast->xcode_b = reference->xcode_b = CORVINEL_ENC_UTF16LE;
+  const int32_t a = zkfnum(fast->output, width, 0, item, fast.get());
+  const int32_t b = zkfnum_reference(reference->output, width, 0, item, reference.get());
+  const bool same = a == b && fast->outlen == reference->outlen &&
+                    fast->width == reference->width &&
+                    std::memcmp(fast->output, reference->output, capacity) == 0 &&
+                    fast->xcode_state == reference->xcode_state && fast.guards_intact();
+  if (!same && ++failures <= 5) {
+    ADD_FAILURE() << locale << " item " << item << " " << width << "." << decimals << " of "
+                  << value << ": \"" << fast.text() << "\" against \"" << reference.text() << "\"";
+  }
+}
+
 // Whole renderings, 16-bit delivery too: result, field, outlen, delivered
 // encoding.  The reference prints every digit of a huge value at every
 // attempt, so the random values are short; the extremes are listed.
@@ -177,19 +199,7 @@ TEST_P(InProcessLocale, EngineMatchesItsReference) {
       for (std::size_t v = 0; v < values.size(); ++v) {
         for (const int32_t width : {1, 6, 12, 32}) {
           for (const int32_t decimals : {0, 2, 3, 31}) {
-            Request fast(width, decimals, values[v], 2 * width + 4);
-            Request reference(width, decimals, values[v], 2 * width + 4);
-            if (v % 3 == 0) fast->xcode_b = reference->xcode_b = CORVINEL_ENC_UTF16LE;
-            const int32_t a = zkfnum(fast->output, width, 0, item, fast.get());
-            const int32_t b = zkfnum_reference(reference->output, width, 0, item, reference.get());
-            const bool same = a == b && fast->outlen == reference->outlen &&
-                              std::memcmp(fast->output, reference->output, 2 * width + 4) == 0 &&
-                              fast->xcode_state == reference->xcode_state && fast.guards_intact();
-            if (!same && ++failures <= 5) {
-              ADD_FAILURE() << locale << " item " << item << " " << width << "." << decimals
-                            << " of " << values[v] << ": \"" << fast.text() << "\" against \""
-                            << reference.text() << "\"";
-            }
+            expect_engine_agrees(locale, item, width, decimals, values[v], v % 3 == 0, failures);
           }
         }
       }
@@ -209,24 +219,11 @@ TEST_P(InProcessLocale, ExponentFormsMatchTheReference) {
   for (std::size_t v = 0; v < values.size(); ++v) {
     for (int32_t width = 1; width <= 40; ++width) {
       for (const int32_t decimals : {0, 1, 2, 5}) {
-        const char *locale = kLocales[(v + static_cast<std::size_t>(width + decimals)) % std::size(kLocales)];
+        const char *locale =
+            kLocales[(v + static_cast<std::size_t>(width + decimals)) % std::size(kLocales)];
         ScopedOrbLocale orb(locale);
         for (const int32_t item : {170, 171, 183, 184, 185, 186}) {
-          const int32_t capacity = 2 * width + 4;
-          Request fast(width, decimals, values[v], capacity);
-          Request reference(width, decimals, values[v], capacity);
-          if (v % 3 == 0) fast->xcode_b = reference->xcode_b = CORVINEL_ENC_UTF16LE;
-          const int32_t a = zkfnum(fast->output, width, 0, item, fast.get());
-          const int32_t b = zkfnum_reference(reference->output, width, 0, item, reference.get());
-          const bool same = a == b && fast->outlen == reference->outlen &&
-                            fast->width == reference->width &&
-                            std::memcmp(fast->output, reference->output, capacity) == 0 &&
-                            fast->xcode_state == reference->xcode_state && fast.guards_intact();
-          if (!same && ++failures <= 5) {
-            ADD_FAILURE() << locale << " item " << item << " " << width << "." << decimals
-                          << " of " << values[v] << ": \"" << fast.text() << "\" against \""
-                          << reference.text() << "\"";
-          }
+          expect_engine_agrees(locale, item, width, decimals, values[v], v % 3 == 0, failures);
         }
       }
     }
