@@ -43,10 +43,6 @@ constexpr char kDigitPairs[] =
     "40414243444546474849505152535455565758596061626364656667686970717273747576777879"
     "8081828384858687888990919293949596979899";
 
-constexpr int kExactPrecisions = static_cast<int>(std::size(kPowersOfTen));
-
-using u128 = unsigned __int128;
-
 // value * 10^precision for a finite value below 2^63 with at most 19
 // decimals, by integer arithmetic on its exact binary value: rounded to the
 // nearest integer, a tie to the even one, as printf rounds in the default
@@ -136,6 +132,41 @@ int exact_fixed(double value, int precision, char decimal_point, char *out) {
   return static_cast<int>(next - out);
 }
 
+// Writes the lowest `count` digits of `digits` so that they end at `end`;
+// returns where they start.
+char *put_digits_before(char *end, uint64_t digits, int count) {
+  for (; count >= 2; count -= 2, digits /= 100) {
+    end -= 2;
+    std::memcpy(end, kDigitPairs + 2 * (digits % 100), 2);
+  }
+  if (count == 1) *--end = static_cast<char>('0' + digits % 10);
+  return end;
+}
+
+// The "%-*.*G" text of `number` in a field of `field` bytes.
+int write_general(const SignificantDigits &number, char decimal_point, int field, char *out) {
+  char text[32];  // a sign, 19 digits, a point, "E+", 2 exponent digits
+  char *const end = text + sizeof text;
+  char *first = end;
+  int before_point = number.exponent + 1;
+  if (number.exponent_form) {
+    first = put_digits_before(first, static_cast<uint64_t>(number.exponent), 2);
+    *--first = '+';
+    *--first = 'E';
+    before_point = 1;
+  }
+  const int after_point = number.count - before_point;
+  uint64_t digits = number.digits;
+  if (after_point > 0) {
+    first = put_digits_before(first, digits % kPowersOfTen[after_point], after_point);
+    digits /= kPowersOfTen[after_point];
+    *--first = decimal_point;
+  }
+  first = put_digits_before(first, digits, before_point);
+  if (number.minus) *--first = '-';
+  return keep(first, static_cast<int>(end - first), field, out);
+}
+
 }  // namespace
 
 PrintfNumberTexts::PrintfNumberTexts() : mon_decimal_point_(std::localeconv()->mon_decimal_point) {}
@@ -187,6 +218,9 @@ bool FastNumberTexts::scaled_in_general(double value, int precision, ScaledDecim
 }
 
 int FastNumberTexts::general(double value, int field, int precision, char *out) const {
+  if (SignificantDigits number; significant(value, precision, number)) {
+    return write_general(number, decimal_point_, field, out);
+  }
   if (!generates(value)) return print_general(value, field, precision, out);
   char text[kWholeTextCapacity];
   // printf reads a precision of 0 as 1 significant digit.

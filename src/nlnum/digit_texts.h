@@ -21,6 +21,7 @@
 
 #include <bit>
 #include <cstdint>
+#include <iterator>
 
 namespace corvinel::nlnum {
 
@@ -95,9 +96,21 @@ inline constexpr uint64_t kPowersOfTen[] = {1ull,
                                             1000000000000000000ull,
                                             10000000000000000000ull};
 
+// Precisions below this scale by a power of ten of kPowersOfTen.
+inline constexpr int kExactPrecisions = static_cast<int>(std::size(kPowersOfTen));
+
+using u128 = unsigned __int128;
+
+// The count of decimal digits of `value` (0 has one): from its bit length
+// (log10(2) ~ 1233 / 4096), one more when it reaches the next power of ten.
+inline int decimal_digits(uint64_t value) {
+  const int bits = 64 - std::countl_zero(value | 1);
+  const int count = (bits * 1233) >> 12;
+  return (value | 1) >= kPowersOfTen[count] ? count + 1 : count;
+}
+
 // The count of decimal digits of `digits` written with at least
-// `precision` + 1 of them, into `number`: from its bit length (log10(2) ~
-// 1233 / 4096), one more when it reaches the next power of ten.
+// `precision` + 1 of them, into `number`.
 inline void count_digits(uint64_t digits, int precision, ScaledDecimal &number) {
   const int bits = 64 - std::countl_zero(digits | 1);
   int count = (bits * 1233) >> 12;
@@ -105,6 +118,26 @@ inline void count_digits(uint64_t digits, int precision, ScaledDecimal &number) 
   number.digit_count = count > precision ? count : precision + 1;
   number.zero_integer = count <= precision;
 }
+
+// A "%.*G" text of a value from 1 up to below 2^63 as a number: `digits`
+// holds the `count` digits it writes, the first of them standing for
+// 10^exponent (0 .. 19).  In exponent form the text is the first digit,
+// then the decimal point and the rest when there are more, then "E+" and
+// the exponent in two digits; otherwise it is the fixed text of those
+// digits (count is at least exponent + 1, and a point stands before the
+// digits past those).  "%G" drops the zeros that would end a fraction, so
+// `digits` ends in a zero only before the point of a fixed text.
+struct SignificantDigits {
+  uint64_t digits = 0;
+  int count = 1;
+  int exponent = 0;
+  bool minus = false;
+  bool exponent_form = false;
+
+  // The length of the text general() writes for it in exponent form,
+  // before the padding.
+  int exponent_text_length() const { return (minus ? 1 : 0) + count + (count > 1 ? 1 : 0) + 4; }
+};
 
 class FastNumberTexts {
  public:
@@ -149,6 +182,13 @@ class FastNumberTexts {
   }
   char decimal_point() const { return decimal_point_; }
   int general(double value, int field, int precision, char *out) const;
+  // The text general() would write, as a number, when it generates it by
+  // integer arithmetic: a finite value whose magnitude lies from 1 up to
+  // below 2^63, at most 19 significant digits, a one-byte decimal point.
+  // False otherwise.
+  // In line: the exponent attempts of the engine take it on every call that
+  // reaches them.
+  bool significant(double value, int precision, SignificantDigits &number) const;
   const char *mon_decimal_point() const { return mon_decimal_point_; }
 
  private:
@@ -160,5 +200,70 @@ class FastNumberTexts {
   bool one_byte_decimal_point_;
   const char *mon_decimal_point_;
 };
+
+inline bool FastNumberTexts::significant(double value, int precision,
+                                         SignificantDigits &number) const {
+  // printf reads a precision of 0 as 1 significant digit.
+  const int wanted = precision > 0 ? precision : 1;
+  const auto bits = std::bit_cast<uint64_t>(value);
+  const int biased = static_cast<int>((bits >> 52) & 0x7FF);
+  // 1 <= |value| < 2^63: the value is significand * 2^exponent, its integer
+  // part fits 63 bits.
+  if (!one_byte_decimal_point_ || wanted >= kExactPrecisions || biased < 1023 ||
+      biased > 1085) {
+    return false;
+  }
+  const uint64_t significand = (bits & ((uint64_t{1} << 52) - 1)) | uint64_t{1} << 52;
+  const int exponent = biased - 1075;  // -52 .. 10
+  const uint64_t integer = exponent >= 0 ? significand << exponent : significand >> -exponent;
+  const int integer_digits = decimal_digits(integer);
+
+  // The value with `wanted` significant digits, rounded from its exact
+  // binary value to the nearest, a tie to the even one, as printf rounds.
+  uint64_t digits;
+  if (wanted >= integer_digits) {
+    // value * 10^(wanted - integer_digits): a 53-bit significand times at
+    // most 10^18 needs at most 113 bits.
+    const u128 product = static_cast<u128>(significand) * kPowersOfTen[wanted - integer_digits];
+    if (exponent >= 0) {
+      digits = static_cast<uint64_t>(product << exponent);  // an integer below 10^wanted
+    } else {
+      const int shift = -exponent;
+      digits = static_cast<uint64_t>(product >> shift);
+      const u128 rest = product & ((u128{1} << shift) - 1);
+      const u128 half = u128{1} << (shift - 1);
+      if (rest > half || (rest == half && (digits & 1) != 0)) ++digits;
+    }
+  } else {
+    // The integer part divided by a power of ten; a remainder of exactly
+    // half is a tie only when the value has no fraction bits.
+    const uint64_t scale = kPowersOfTen[integer_digits - wanted];
+    digits = integer / scale;
+    const uint64_t rest = integer - digits * scale;
+    const uint64_t half = scale / 2;
+    const auto fraction_bits = [&] {
+      return exponent < 0 && (significand & ((uint64_t{1} << -exponent) - 1)) != 0;
+    };
+    if (rest > half || (rest == half && ((digits & 1) != 0 || fraction_bits()))) ++digits;
+  }
+  number.exponent = integer_digits - 1;
+  if (digits == kPowersOfTen[wanted]) {  // rounded up into a new digit
+    digits = kPowersOfTen[wanted - 1];
+    ++number.exponent;
+  }
+  // Exponent form when the exponent reaches the precision (it is not below
+  // -4 here); trailing zeros go, in a fixed text only after the point.
+  number.exponent_form = number.exponent >= wanted;
+  const int kept = number.exponent_form ? 1 : number.exponent + 1;
+  int count = wanted;
+  while (count > kept && digits % 10 == 0) {
+    digits /= 10;
+    --count;
+  }
+  number.digits = digits;
+  number.count = count;
+  number.minus = (bits >> 63) != 0;
+  return true;
+}
 
 }  // namespace corvinel::nlnum

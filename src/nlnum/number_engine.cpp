@@ -150,9 +150,48 @@ struct FastSources {
   }
 };
 
-// What general_attempt reports besides the length of a text too wide.
+// What general_attempt reports besides the length of a text too wide, and
+// what the one pass of an exponent text reports when it leaves the attempt
+// to general_attempt.
 constexpr int kPlacedAttempt = -1;
 constexpr int kFailedAttempt = -2;
+constexpr int kDeclinedAttempt = -3;
+
+// general_attempt for a "%G" text in exponent form, laid out by the one pass:
+// the same result and the same state learnt, or kDeclinedAttempt when the
+// text is not one the one pass takes.  Such a text is not grouped and
+// begins with a digit or "-", so the attempt learns at most that the
+// decimal mark of an exponent text was two bytes.  Out of line, like
+// general_attempt.
+int exponent_attempt(const FastNumberTexts &texts, const OnePassLayout &layout, double value,
+                     FittingState &state, fmtreq &request, char *output, int w) {
+  const char point = texts.decimal_point();
+  SignificantDigits number;
+  if ((point != '.' && point != ',') || !texts.significant(value, state.decimals, number) ||
+      !number.exponent_form) {
+    return kDeclinedAttempt;
+  }
+  const int length = number.exponent_text_length();
+  if (length > w) return w + 1;  // the digit text alone is too wide
+  // Without decimals assemble_number groups a text without a point as
+  // digits, its padding blanks included.
+  const int field = w - state.shrink;
+  if (state.decimals == 0 && state.grouping_allowed && layout.grouping > 0 &&
+      std::max(length, field) - (number.minus ? 1 : 0) > layout.grouping) {
+    return kDeclinedAttempt;
+  }
+  const OnePassAttempt attempt = place_exponent_one_pass(layout, number, field, request, output, w);
+  switch (attempt.outcome) {
+    case OnePass::kPlaced: return kPlacedAttempt;
+    case OnePass::kDeclined: return kDeclinedAttempt;
+    case OnePass::kTooWide: break;
+  }
+  // assemble_number takes a text as an exponent text only by its ".".
+  if (number.count > 1 && point == '.' && layout.decimal.symbolic == 2) {
+    state.two_byte_decimal = true;
+  }
+  return attempt.symbolic_length;
+}
 
 // One attempt that writes the digit text, assembles and composes it and
 // hands it to output expansion: kPlacedAttempt when the text stands in the
@@ -259,6 +298,12 @@ int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtr
         if (attempt.outcome == OnePass::kTooWide) {
           state.grouped = state.grouped || attempt.grouped;
           if (!state.adjust(attempt.symbolic_length, w)) return fill_overflow(request, output, w);
+          // The next attempt, the same text without group separators, is
+          // known to be too wide too: it would learn nothing but its length.
+          if (attempt.ungrouped_symbolic_length > 0 &&
+              !state.adjust(attempt.ungrouped_symbolic_length, w)) {
+            return fill_overflow(request, output, w);
+          }
           continue;
         }
       }
@@ -266,8 +311,17 @@ int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtr
     const bool fixed_too_wide =
         state.shrink > 0 ||
         (scaled_taken && scaled_decimals == state.decimals && scaled.text_length() > w);
-    const int result_length = general_attempt(texts, convention, codeset, fixed_too_wide, value,
-                                              state, request, output, w);
+    int result_length = kDeclinedAttempt;
+    if constexpr (Sources::kOnePass) {
+      // Only the exponent text counts: laid out in one pass where it can be.
+      if (one_pass != nullptr && fixed_too_wide) [[unlikely]] {
+        result_length = exponent_attempt(texts, *one_pass, value, state, request, output, w);
+      }
+    }
+    if (result_length == kDeclinedAttempt) {
+      result_length = general_attempt(texts, convention, codeset, fixed_too_wide, value, state,
+                                      request, output, w);
+    }
     if (result_length == kPlacedAttempt) return CORVINEL_OK;
     if (result_length == kFailedAttempt) return fill_overflow(request, output, w);
     if (!state.adjust(result_length, w)) return fill_overflow(request, output, w);

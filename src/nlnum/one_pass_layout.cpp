@@ -180,6 +180,14 @@ char *put_digits_before(char *end, Digits &digits, std::size_t count) {
   return end;
 }
 
+// Whether a text passes the general attempt's limits: its number (as
+// assemble_number counts it) or its composed text is cut, or expansion
+// leaves its shortcut.
+bool passes_limits(std::size_t assembled, std::size_t symbolic, std::size_t length) {
+  return assembled > static_cast<std::size_t>(kMaxAssembledNumber) ||
+         symbolic > static_cast<std::size_t>(kComposedCapacity) || length > kMostSessionBytes;
+}
+
 // Writes the number `digits` (`integer` digits, then `fraction` after the
 // decimal mark, a separator before each `group` digits from the point
 // leftwards, `separators` of them) so that it ends at `end`; returns where
@@ -206,6 +214,23 @@ char *put_number_before(char *out, Digits digits, std::size_t integer, std::size
     }
   }
   return put_digits_before(out, digits, integer - separators * group);
+}
+
+// What place_one_pass reports for a text too wide, of `length` session
+// bytes and `symbolic` bytes of symbolic notation with `separators` group
+// separators.  Out of line: the placed text is the common case.
+[[gnu::noinline]] OnePassAttempt too_wide(const OnePassLayout &layout, std::size_t separators,
+                                          std::size_t length, std::size_t symbolic, bool grouped,
+                                          int32_t width) {
+  // Without the separators every length only shrinks, so that text passes
+  // no limit either.
+  const std::size_t ungrouped = length - separators * layout.separator.length;
+  const std::size_t ungrouped_symbolic =
+      grouped && ungrouped > static_cast<std::size_t>(width)
+          ? symbolic - separators * layout.separator.symbolic
+          : 0;
+  return {OnePass::kTooWide, grouped, static_cast<int>(symbolic),
+          static_cast<int>(ungrouped_symbolic)};
 }
 
 }  // namespace
@@ -235,9 +260,15 @@ OnePassLayout compile_one_pass(const LayoutParts &parts, SessionCodeset codeset)
     widest_around_length = std::max<std::size_t>(widest_around_length, before.length + after.length);
   }
   layout.within_limits =
-      widest_assembled <= static_cast<std::size_t>(kMaxAssembledNumber) &&
-      widest_assembled + widest_around_symbolic <= static_cast<std::size_t>(kComposedCapacity) &&
-      widest_length + widest_around_length <= kMostSessionBytes;
+      !passes_limits(widest_assembled, widest_assembled + widest_around_symbolic,
+                     widest_length + widest_around_length);
+  // The widest exponent text: 19 digits, the decimal mark, "E+" and two
+  // digits; assemble_number counts it padded to its field.
+  constexpr std::size_t kMostExponentText = kMostDigits - 1 + 4;
+  layout.exponent_within_limits = !passes_limits(
+      kPieceCapacity + layout.decimal.symbolic,
+      kMostExponentText + layout.decimal.symbolic + widest_around_symbolic,
+      kMostExponentText + layout.decimal.length + widest_around_length);
   layout.usable = true;
   return layout;
 }
@@ -270,16 +301,11 @@ OnePassAttempt place_one_pass(const OnePassLayout &layout, const ScaledDecimal &
   };
   if (!layout.within_limits) {
     const std::size_t symbolic = symbolic_length();
-    const std::size_t assembled = symbolic - before.symbolic - after.symbolic;
-    if (assembled > static_cast<std::size_t>(kMaxAssembledNumber) ||
-        symbolic > static_cast<std::size_t>(kComposedCapacity) ||
-        length > kMostSessionBytes) {
-      return {};
-    }
+    if (passes_limits(symbolic - before.symbolic - after.symbolic, symbolic, length)) return {};
   }
   const bool grouped = separators > 0 && layout.separator.symbolic > 0;
   if (length > static_cast<std::size_t>(width)) {
-    return {OnePass::kTooWide, grouped, static_cast<int>(symbolic_length())};
+    return too_wide(layout, separators, length, symbolic_length(), grouped, width);
   }
 
   // From the right edge of the field leftwards.
@@ -291,7 +317,56 @@ OnePassAttempt place_one_pass(const OnePassLayout &layout, const ScaledDecimal &
             : put_number_before(out, number.digits, integer, fraction, group, separators, layout);
   put_before(out, before);
   request.outlen = width;
-  return {OnePass::kPlaced, grouped, 0};
+  return {OnePass::kPlaced, grouped, 0, 0};
+}
+
+OnePassAttempt place_exponent_one_pass(const OnePassLayout &layout, const SignificantDigits &number,
+                                       int text_field, fmtreq &request, char *output,
+                                       int32_t width) {
+  // The number: the first digit, the decimal mark and the other digits when
+  // there are more, the exponent ("E+" and two digits).
+  const auto count = static_cast<std::size_t>(number.count);
+  const bool has_point = count > 1;
+  const std::size_t plain = count + 4;  // digits and exponent
+  const int sign_class = number.minus ? kNegative : kPositive;
+  const EncodedPiece &before = layout.before[sign_class];
+  const EncodedPiece &after = layout.after[sign_class];
+  const std::size_t length =
+      plain + (has_point ? layout.decimal.length : 0) + layout.around_length[sign_class];
+  // Worked out only for limits a layout may pass and for a text too wide.
+  const auto symbolic_length = [&] {
+    return plain + (has_point ? layout.decimal.symbolic : 0) + before.symbolic + after.symbolic;
+  };
+  if (!layout.exponent_within_limits || text_field > kPieceCapacity) {
+    // assemble_number keeps the text's padding blanks (compose_layout drops
+    // them) and counts them against its limit.
+    const auto text_length = static_cast<std::size_t>(number.exponent_text_length());
+    const std::size_t padded =
+        std::max(text_length, static_cast<std::size_t>(std::max(text_field, 0)));
+    const std::size_t assembled =
+        padded - (number.minus ? 1 : 0) + (has_point ? layout.decimal.symbolic - 1 : 0);
+    if (passes_limits(assembled, symbolic_length(), length)) return {};
+  }
+  if (length > static_cast<std::size_t>(width)) {
+    return {OnePass::kTooWide, false, static_cast<int>(symbolic_length()), 0};
+  }
+
+  // From the right edge of the field leftwards.
+  std::memset(output, ' ', static_cast<std::size_t>(request.capacity));
+  char *out = put_before(output + width, after);
+  auto exponent = static_cast<uint32_t>(number.exponent);
+  out = put_digits_before(out, exponent, 2);
+  *--out = '+';
+  *--out = 'E';
+  uint64_t digits = number.digits;
+  if (has_point) {
+    out = put_digits_before(out, digits, count - 1);
+    out = put_before(out, layout.decimal);
+  }
+  *--out = static_cast<char>('0' + digits);
+  put_before(out, before);
+  request.outlen = width;
+  return {OnePass::kPlaced, false, 0, 0};
 }
 
 }  // namespace corvinel::nlnum

@@ -58,6 +58,8 @@ struct OnePassLayout {
   // No number of up to 20 digits makes the text pass the general
   // attempt's limits, so a call need not check them.
   bool within_limits = false;
+  // Nor does an exponent text padded to a field of up to kPieceCapacity.
+  bool exponent_within_limits = false;
 };
 
 OnePassLayout compile_one_pass(const LayoutParts &parts, SessionCodeset codeset);
@@ -72,6 +74,9 @@ struct OnePassAttempt {
   OnePass outcome = OnePass::kDeclined;
   bool grouped = false;  // a group separator (not an empty one) was laid
   int symbolic_length = 0;  // too wide: the composed text's length in the symbolic notation
+  // Too wide and grouped: the same text without its group separators is too
+  // wide as well, and this is its symbolic length (else 0).
+  int ungrouped_symbolic_length = 0;
 };
 
 // One attempt with the fixed text of `number` (whose text assemble_number
@@ -85,6 +90,16 @@ struct OnePassAttempt {
 OnePassAttempt place_one_pass(const OnePassLayout &layout, const ScaledDecimal &number,
                               bool grouping_allowed, double value, fmtreq &request, char *output,
                               int32_t width);
+
+// One attempt with the exponent-form "%G" text of `number`, blank-padded to
+// `text_field` bytes: placed or reported as place_one_pass does.  The
+// caller has made sure, besides what place_one_pass needs, that
+// assemble_number keeps the text whole but for its decimal point, which
+// becomes the locale's decimal mark: it is not grouped, and the process
+// locale's decimal point is "." or ",".
+OnePassAttempt place_exponent_one_pass(const OnePassLayout &layout, const SignificantDigits &number,
+                                       int text_field, fmtreq &request, char *output,
+                                       int32_t width);
 
 // Whether the request's field is written in session bytes (no 16-bit units
 // asked for or already delivered).

@@ -4,8 +4,8 @@
 // their general-only twins.  Every locale, by number and by ORB_LOCALE
 // changing between calls, in four session codesets and in 16-bit units,
 // every width from 1 to 32 (so every step of the fitting), over ties,
-// carries into a new group, values whose scaled digits pass 64 bits, and
-// random values.
+// carries into a new group, values whose scaled digits pass 64 bits, values
+// that end in exponent texts, and random values.
 #include <array>
 #include <bit>
 #include <cctype>
@@ -39,7 +39,10 @@ std::vector<double> agreement_values() {
       0.0, -0.0, 0.5, -0.5, 1.5, 2.5, 0.125, 0.005, 1.005, 2.675, 9.995, 99.995, -999.995,
       999.5, 1000, 999999.999, 999999.995, -1234.565, 1234567.891, 0.05, 0.0049,
       // The scaled digits pass 64 bits with a few decimals.
-      1.8e17, -9.2e18, 123456789012345.678, 5e-324, 1e-7};
+      1.8e17, -9.2e18, 123456789012345.678, 5e-324, 1e-7,
+      // Exponent texts in the narrower fields: ties and carries of the
+      // significant digits, an exponent of three digits.
+      9.5e6, -98765432.1, 1.25e8, 9999999.5, -2.5e7, 9.95e6, 123456789012.0, 1e100};
   std::mt19937_64 random(20261124);
   for (int i = 0; i < 24; ++i) {
     const double scale = std::pow(10.0, static_cast<int>(random() % 14) - 4);
