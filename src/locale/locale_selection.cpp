@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "locale/environment_scan.h"
 #include "locale/environment_value.h"
 #include "locale/locale_records.h"
 
@@ -70,7 +71,7 @@ const KeyTable kKeyTable;
 
 const locitem *select_record(int32_t locale) noexcept {
   if (locale >= 1 && locale <= CORVINEL_LOCALE_RECORDS) return ORBlocaleData[locale - 1];
-  return record_named_by(orb_locale_value());
+  return record_named_by(scan_for(kOrbLocaleName, sizeof kOrbLocaleName - 1));
 }
 
 const locitem *select_record_with(int32_t locale, const char *orb_locale) noexcept {
