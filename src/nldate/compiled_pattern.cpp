@@ -227,7 +227,9 @@ bool reads_the_date(Op op) noexcept {
 // every byte not from a piece is ASCII, one unit and one byte in every
 // encoding.
 constexpr RenderedText measured_length(int32_t length, uint64_t pieces) noexcept {
-  const auto field = [pieces](int shift) { return static_cast<int32_t>((pieces >> shift) & 0xFFFF); };
+  const auto field = [pieces](int shift) {
+    return static_cast<int32_t>((pieces >> shift) & 0xFFFF);
+  };
   const int32_t ascii = length - field(48);
   return {RenderOutcome::kRendered, length, field(0) + ascii, field(16) + ascii, field(32) + ascii};
 }

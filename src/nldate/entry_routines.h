@@ -146,9 +146,10 @@ inline int32_t clamp_digits(int32_t digits) noexcept {
   return true;
 }
 
-[[gnu::always_inline]] inline int32_t EntryExpansion::prepare(ValueKind kind, const locitem *record, const char *pattern,
-                                int32_t selector, int32_t fraction_digits, double value,
-                                bool rounded_to_whole) noexcept {
+[[gnu::always_inline]] inline int32_t EntryExpansion::prepare(ValueKind kind, const locitem *record,
+                                                              const char *pattern, int32_t selector,
+                                                              int32_t fraction_digits, double value,
+                                                              bool rounded_to_whole) noexcept {
   // zkfdate takes the whole selector as the item, the others its low 8 bits.
   const int32_t item_mask = kind == ValueKind::Date ? ~0 : kSelectorItemMask;
   if (!take_pattern(record, pattern, selector, item_mask)) return kItemNotFetched;
@@ -163,7 +164,8 @@ inline int32_t clamp_digits(int32_t digits) noexcept {
     case ValueKind::Datetime: {
       if (!in_valid_range(kind, value)) return kValueRejected;
       digits_ = clamp_digits(fraction_digits);
-      const calendar::ClockParts parts = calendar::split_seconds(rounded_again(value, rounded_to_whole));
+      const calendar::ClockParts parts =
+          calendar::split_seconds(rounded_again(value, rounded_to_whole));
       date_ = parts.date;
       hour_ = parts.hour;
       minute_ = parts.minute;

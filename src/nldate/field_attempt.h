@@ -67,15 +67,14 @@ inline void lay(fmtreq &request, const char *text, int32_t length) noexcept {
 // session and the program allow it, else attempt_expanded; the same
 // results and bytes either way.  In line: the formats make one or a few
 // attempts per call.
-
 [[gnu::always_inline]] inline int32_t attempt_in_field(fmtreq &request,
                                                       const EntryExpansion &entry, Accept accept,
                                                       const AttemptSession &session,
                                                       bool &placed) noexcept {
   if (session.compiled) {
-    if (const CompiledPattern *program = compiled_pattern(*session.patterns, entry.record(), entry.pattern(),
-                                                          entry.pattern_length(), session.encoding,
-                                                          entry.pattern_is_item())) {
+    if (const CompiledPattern *program =
+            compiled_pattern(*session.patterns, entry.record(), entry.pattern(),
+                             entry.pattern_length(), session.encoding, entry.pattern_is_item())) {
       placed = false;
       const ProgramHead &head = head_of(*program);
       // A clock run is written straight into the field when it fits it.
@@ -134,7 +133,6 @@ inline void lay(fmtreq &request, const char *text, int32_t length) noexcept {
   }
   return attempt_expanded(request, entry, accept, placed);
 }
-
 
 // The same without the compiled patterns at all: the pattern interpreted
 // and the text through output expansion.  The reference of the tests.
