@@ -1219,6 +1219,21 @@ RenderedText render(const CompiledPattern &program, double date, double hour, do
   return render_with(program, date, hour, minute, second, fraction_digits, out, zone, true);
 }
 
+namespace {
+
+// The clock run's fixed text with the pairs in their slots, exactly its
+// bytes: `out` may be the field itself.
+void lay_clock_run(const CompiledPattern &program, const Pairs &pairs, char *out) noexcept {
+  const Run &run = program.runs[0];
+  frame::copy_exactly(out, program.layout + run.start, static_cast<std::size_t>(run.length));
+  for (int32_t k = 0; k < program.slot_count; ++k) {
+    const Slot &slot = program.slots[k];
+    std::memcpy(out + slot.offset, pairs[static_cast<int>(slot.source)], 2);
+  }
+}
+
+}  // namespace
+
 RenderedText render_clock_run(const CompiledPattern &program, double hour, double minute,
                               double second, char *out, int32_t room) noexcept {
   // An hour above 99 is shown in full by the steps.
@@ -1227,13 +1242,23 @@ RenderedText render_clock_run(const CompiledPattern &program, double hour, doubl
   if (text.length > room || text.length == 0) return text;
   Pairs pairs;
   fill_clock_pairs(program, hour, minute, second, pairs);
-  // Exactly the text's bytes: `out` may be the field itself.
-  const Run &run = program.runs[0];
-  frame::copy_exactly(out, program.layout + run.start, static_cast<std::size_t>(run.length));
-  for (int32_t k = 0; k < program.slot_count; ++k) {
-    const Slot &slot = program.slots[k];
-    std::memcpy(out + slot.offset, pairs[static_cast<int>(slot.source)], 2);
-  }
+  lay_clock_run(program, pairs, out);
+  return text;
+}
+
+RenderedText render_clock_run(const CompiledPattern &program, uint32_t seconds_into_day,
+                              char *out, int32_t room) noexcept {
+  if (!program.head.clock_run) return kDeclined;
+  const RenderedText text = program.clock_measures;
+  if (text.length > room || text.length == 0) return text;
+  // The pairs fill_clock_pairs makes of present parts below 100.
+  const uint32_t hour = seconds_into_day / 3600;
+  Pairs pairs;
+  put_pair(pairs, Source::kHour, hour);
+  put_pair(pairs, Source::kHourMidnight24, hour == 0 ? 24 : hour);
+  put_pair(pairs, Source::kMinute, seconds_into_day % 3600 / 60);
+  put_pair(pairs, Source::kSecond, seconds_into_day % 60);
+  lay_clock_run(program, pairs, out);
   return text;
 }
 

@@ -131,6 +131,10 @@ RenderedText render(const CompiledPattern &program, double date, double hour, do
 // kDeclined for another program or an hour above 99.
 RenderedText render_clock_run(const CompiledPattern &program, double hour, double minute,
                               double second, char *out, int32_t room) noexcept;
+// The same for the time of day `seconds_into_day` (below 86400) in whole
+// seconds.
+RenderedText render_clock_run(const CompiledPattern &program, uint32_t seconds_into_day,
+                              char *out, int32_t room) noexcept;
 
 // Whether render may write the program's text by its layout (runs of
 // fixed text with two-character numbers dropped in) rather than a step at

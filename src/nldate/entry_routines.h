@@ -90,6 +90,10 @@ class EntryExpansion {
   double hour() const noexcept { return hour_; }
   double minute() const noexcept { return minute_; }
   double second() const noexcept { return second_; }
+  // The seconds into the day, when the value split as a whole count of
+  // seconds whose hour, minute and second are those of that time of day
+  // (the parts above as integers); -1 otherwise.
+  int32_t whole_clock() const noexcept { return whole_clock_; }
 
  private:
   double rounded_again(double value, bool rounded_to_whole) const noexcept {
@@ -106,6 +110,7 @@ class EntryExpansion {
   bool pattern_is_item_ = false;
   int32_t digits_ = 0;
   double date_ = 0, hour_ = 0, minute_ = 0, second_ = 0;
+  int32_t whole_clock_ = -1;
   char with_suffix_[CORVINEL_LOCALE_TEXT + kZoneSuffix.size()];
 };
 
@@ -153,6 +158,7 @@ inline int32_t clamp_digits(int32_t digits) noexcept {
   // zkfdate takes the whole selector as the item, the others its low 8 bits.
   const int32_t item_mask = kind == ValueKind::Date ? ~0 : kSelectorItemMask;
   if (!take_pattern(record, pattern, selector, item_mask)) return kItemNotFetched;
+  whole_clock_ = -1;
   switch (kind) {
     case ValueKind::Date:
       // Missing values, like every NaN, lie outside the valid range.
@@ -164,8 +170,15 @@ inline int32_t clamp_digits(int32_t digits) noexcept {
     case ValueKind::Datetime: {
       if (!in_valid_range(kind, value)) return kValueRejected;
       digits_ = clamp_digits(fraction_digits);
-      const calendar::ClockParts parts =
-          calendar::split_seconds(rounded_again(value, rounded_to_whole));
+      const double v = rounded_again(value, rounded_to_whole);
+      uint32_t count;
+      calendar::ClockParts parts;
+      if (calendar::whole_count_below_2_32(v, count)) {
+        parts = calendar::split_count(count);
+        whole_clock_ = static_cast<int32_t>(count % 86400);
+      } else {
+        parts = calendar::split_other_seconds(v);
+      }
       date_ = parts.date;
       hour_ = parts.hour;
       minute_ = parts.minute;
@@ -177,6 +190,16 @@ inline int32_t clamp_digits(int32_t digits) noexcept {
       digits_ = clamp_digits(fraction_digits);
       const double v = rounded_again(value, rounded_to_whole);
       date_ = std_miss_val;
+      // A whole count within the first day is its own time of day.
+      uint32_t count;
+      if (calendar::whole_count_below_2_32(v, count) && count < 86400) {
+        const calendar::ClockParts parts = calendar::split_count(count);
+        whole_clock_ = static_cast<int32_t>(count);
+        hour_ = parts.hour;
+        minute_ = parts.minute;
+        second_ = parts.second;
+        return 0;
+      }
       const calendar::ClockParts parts = calendar::split_seconds(v);
       // The hour is deliberately not reduced modulo 24; within the first
       // day it is the split's (v is its own remainder by the day).

@@ -79,8 +79,12 @@ inline void lay(fmtreq &request, const char *text, int32_t length) noexcept {
       const ProgramHead &head = head_of(*program);
       // A clock run is written straight into the field when it fits it.
       if (head.clock_run && accept == Accept::kWhole && entry.fraction_digits() == 0) {
-        const RenderedText clock = render_clock_run(*program, entry.hour(), entry.minute(),
-                                                    entry.second(), request.output, request.width);
+        const RenderedText clock =
+            entry.whole_clock() >= 0
+                ? render_clock_run(*program, static_cast<uint32_t>(entry.whole_clock()),
+                                   request.output, request.width)
+                : render_clock_run(*program, entry.hour(), entry.minute(), entry.second(),
+                                   request.output, request.width);
         if (clock.outcome == RenderOutcome::kRendered) {
           if (clock.length > request.width) return locale::kExpansionShortened;
           std::memset(request.output + clock.length, ' ',

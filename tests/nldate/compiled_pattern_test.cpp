@@ -130,6 +130,19 @@ bool expect_clock_run_is_render(const nldate::CompiledPattern &program, const Cl
   const auto length = static_cast<std::size_t>(rendered.length);
   EXPECT_EQ(std::string(field, length), std::string(text, length));
   EXPECT_EQ(std::string(field + length, 4), "~~~~");
+  // A time of day in whole seconds, given as such, lays the same text.
+  if (!std::isnan(clock.hour) && !std::isnan(clock.minute) && !std::isnan(clock.second) &&
+      clock.hour < 24) {
+    const auto seconds = static_cast<uint32_t>(std::trunc(clock.hour) * 3600 +
+                                               std::trunc(clock.minute) * 60 +
+                                               std::trunc(clock.second));
+    std::memset(field, '~', sizeof field);
+    const nldate::RenderedText whole =
+        nldate::render_clock_run(program, seconds, field, rendered.length);
+    EXPECT_EQ(whole.length, rendered.length);
+    EXPECT_EQ(std::string(field, length), std::string(text, length));
+    EXPECT_EQ(std::string(field + length, 4), "~~~~");
+  }
   if (rendered.length > 0) {
     std::memset(field, '~', sizeof field);
     const nldate::RenderedText narrow = nldate::render_clock_run(
@@ -317,6 +330,7 @@ TEST(EntryExpansion, RoundingToWholeSecondsAgainChangesNothing) {
   }
   const locitem *record = ORBlocaleData[0];
   const auto bits = [](double x) { return std::bit_cast<uint64_t>(x); };
+  int32_t whole_clocks = 0;
   for (const nldate::ValueKind kind : {nldate::ValueKind::Datetime, nldate::ValueKind::Time}) {
     for (const double value : values) {
       const double rounded = nldate::rounded_to_digits(value, 0);
@@ -329,6 +343,14 @@ TEST(EntryExpansion, RoundingToWholeSecondsAgainChangesNothing) {
       ASSERT_EQ(bits(once.hour()), bits(twice.hour())) << value;
       ASSERT_EQ(bits(once.minute()), bits(twice.minute())) << value;
       ASSERT_EQ(bits(once.second()), bits(twice.second())) << value;
+      // The time of day in whole seconds is that of the parts.
+      if (once.whole_clock() >= 0) {
+        ++whole_clocks;
+        ASSERT_LT(once.whole_clock(), 86400) << value;
+        ASSERT_EQ(once.hour(), once.whole_clock() / 3600) << value;
+        ASSERT_EQ(once.minute(), once.whole_clock() % 3600 / 60) << value;
+        ASSERT_EQ(once.second(), once.whole_clock() % 60) << value;
+      }
       // A time that is not negative (what NLTIME's frame passes) is rounded
       // by the routine alone.
       if (kind != nldate::ValueKind::Time || value < 0 || std::signbit(value)) continue;
@@ -339,6 +361,7 @@ TEST(EntryExpansion, RoundingToWholeSecondsAgainChangesNothing) {
       ASSERT_EQ(bits(alone.second()), bits(once.second())) << value;
     }
   }
+  EXPECT_GT(whole_clocks, 1000);
 }
 
 TEST(FieldAttempt, LaysWhatOutputExpansionOfTheInterpretedTextGives) {
