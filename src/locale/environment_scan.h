@@ -23,7 +23,7 @@ namespace corvinel::locale {
 
 // getenv walks the environment comparing the first two bytes of each entry
 // as one 16-bit unit before it calls strncmp.  Most entries differ from the
-// name in their first byte, so this walk tests that byte alone, four
+// name in their first byte, so this walk tests that byte alone, eight
 // entries to a round, and compares the rest only when it matches: the same
 // entry in about two thirds of the instructions.
 [[gnu::always_inline]] inline const char *scan_for(const char *name_equals,
@@ -31,9 +31,9 @@ namespace corvinel::locale {
   char **entries = environ;
   if (entries == nullptr || length == 0) return nullptr;
   const char first = name_equals[0];
-  for (;; entries += 4) {
-#pragma GCC unroll 4
-    for (int k = 0; k < 4; ++k) {
+  for (;; entries += 8) {
+#pragma GCC unroll 8
+    for (int k = 0; k < 8; ++k) {
       const char *entry = entries[k];
       if (entry == nullptr) return nullptr;
       if (entry[0] == first && rest_matches(entry, name_equals, length)) return entry + length;

@@ -29,9 +29,9 @@ namespace {
       found.second = entry + second_length;
     }
   };
-  for (;; entries += 4) {
-#pragma GCC unroll 4
-    for (int k = 0; k < 4; ++k) {
+  for (;; entries += 8) {
+#pragma GCC unroll 8
+    for (int k = 0; k < 8; ++k) {
       if (entries[k] == nullptr) return found;
       look_at(entries[k]);
     }
