@@ -21,10 +21,15 @@ class RunTimesReporter : public benchmark::ConsoleReporter {
   }
 
  protected:
-  // 0 for a benchmark that did not run or failed.
+  // 0 for a benchmark that did not run or failed.  With repetitions, the
+  // median of its runs (what the tables should show, and all there is when
+  // only aggregates are reported).
   double nanoseconds(const std::string &name) const {
-    const auto found = nanoseconds_.find(name);
-    return found != nanoseconds_.end() ? found->second : 0;
+    for (const std::string &key : {name + "_median", name}) {
+      const auto found = nanoseconds_.find(key);
+      if (found != nanoseconds_.end()) return found->second;
+    }
+    return 0;
   }
 
  private:
