@@ -140,9 +140,9 @@ class FloorReporter : public corvinel::bench::RunTimesReporter {
  public:
   void Finalize() override {
     ConsoleReporter::Finalize();
-    const double floor = nanoseconds("NLNUM12.2/de_DE/floor_median");
-    const double corvinel = nanoseconds("NLNUM12.2/de_DE/corvinel_median");
-    const double icu = nanoseconds("NLNUM12.2/de_DE/icu_median");
+    const double floor = nanoseconds("NLNUM12.2/de_DE/floor");
+    const double corvinel = nanoseconds("NLNUM12.2/de_DE/corvinel");
+    const double icu = nanoseconds("NLNUM12.2/de_DE/icu");
     if (floor <= 0 || corvinel <= 0 || icu <= 0) return;
     std::printf("\nNLNUM12.2 de_DE, medians: floor %.1f ns, corvinel %.1f ns, ICU %.1f ns\n", floor,
                 corvinel, icu);

@@ -10,7 +10,6 @@
 
 #include "corvinel/weeks.h"
 #include "frame/exact_copy.h"
-#include "frame/thread_memo.h"
 #include "locale/transcode_steps.h"
 #include "nldate/entry_routines.h"
 #include "nldate/week_numbering.h"
@@ -326,7 +325,6 @@ class Compiler {
   void lay_out() noexcept {
     CompiledPattern &p = program_;
     p.laid_out = p.slots_year = p.slots_clock = p.slots_clock12 = p.slots_blank = false;
-    p.head.clock_run = false;
     p.sources = 0;
     p.run_count = p.slot_count = p.layout_used = 0;
     p.layout_measures = 0;
@@ -1232,34 +1230,41 @@ void lay_clock_run(const CompiledPattern &program, const Pairs &pairs, char *out
   }
 }
 
+// The clock run's text when it fits `room`, its pairs from `fill`.
+template <typename Fill>
+[[gnu::always_inline]] inline RenderedText render_clock_run_with(const CompiledPattern &program,
+                                                                 char *out, int32_t room,
+                                                                 Fill fill) noexcept {
+  const RenderedText text = program.clock_measures;
+  if (text.length > room || text.length == 0) return text;
+  Pairs pairs;
+  fill(pairs);
+  lay_clock_run(program, pairs, out);
+  return text;
+}
+
 }  // namespace
 
 RenderedText render_clock_run(const CompiledPattern &program, double hour, double minute,
                               double second, char *out, int32_t room) noexcept {
   // An hour above 99 is shown in full by the steps.
   if (!program.head.clock_run || std::fabs(hour) >= 100) return kDeclined;
-  const RenderedText text = program.clock_measures;
-  if (text.length > room || text.length == 0) return text;
-  Pairs pairs;
-  fill_clock_pairs(program, hour, minute, second, pairs);
-  lay_clock_run(program, pairs, out);
-  return text;
+  return render_clock_run_with(program, out, room, [&](Pairs &pairs) {
+    fill_clock_pairs(program, hour, minute, second, pairs);
+  });
 }
 
 RenderedText render_clock_run(const CompiledPattern &program, uint32_t seconds_into_day,
                               char *out, int32_t room) noexcept {
   if (!program.head.clock_run) return kDeclined;
-  const RenderedText text = program.clock_measures;
-  if (text.length > room || text.length == 0) return text;
   // The pairs fill_clock_pairs makes of present parts below 100.
-  const uint32_t hour = seconds_into_day / 3600;
-  Pairs pairs;
-  put_pair(pairs, Source::kHour, hour);
-  put_pair(pairs, Source::kHourMidnight24, hour == 0 ? 24 : hour);
-  put_pair(pairs, Source::kMinute, seconds_into_day % 3600 / 60);
-  put_pair(pairs, Source::kSecond, seconds_into_day % 60);
-  lay_clock_run(program, pairs, out);
-  return text;
+  return render_clock_run_with(program, out, room, [seconds_into_day](Pairs &pairs) {
+    const uint32_t hour = seconds_into_day / 3600;
+    put_pair(pairs, Source::kHour, hour);
+    put_pair(pairs, Source::kHourMidnight24, hour == 0 ? 24 : hour);
+    put_pair(pairs, Source::kMinute, seconds_into_day % 3600 / 60);
+    put_pair(pairs, Source::kSecond, seconds_into_day % 60);
+  });
 }
 
 bool has_layout(const CompiledPattern &program) noexcept { return program.laid_out; }

@@ -96,6 +96,15 @@ class EntryExpansion {
   int32_t whole_clock() const noexcept { return whole_clock_; }
 
  private:
+  // split_seconds, noting the seconds into the day of a whole count.
+  calendar::ClockParts split_noting_clock(double seconds) noexcept {
+    uint32_t count;
+    if (!calendar::whole_count_below_2_32(seconds, count)) {
+      return calendar::split_other_seconds(seconds);
+    }
+    whole_clock_ = static_cast<int32_t>(count % 86400);
+    return calendar::split_count(count);
+  }
   double rounded_again(double value, bool rounded_to_whole) const noexcept {
     if (rounded_to_whole && digits_ == 0) return value == 0 ? 0.0 : value;
     return rounded_to_digits(value, digits_);
@@ -170,15 +179,7 @@ inline int32_t clamp_digits(int32_t digits) noexcept {
     case ValueKind::Datetime: {
       if (!in_valid_range(kind, value)) return kValueRejected;
       digits_ = clamp_digits(fraction_digits);
-      const double v = rounded_again(value, rounded_to_whole);
-      uint32_t count;
-      calendar::ClockParts parts;
-      if (calendar::whole_count_below_2_32(v, count)) {
-        parts = calendar::split_count(count);
-        whole_clock_ = static_cast<int32_t>(count % 86400);
-      } else {
-        parts = calendar::split_other_seconds(v);
-      }
+      const calendar::ClockParts parts = split_noting_clock(rounded_again(value, rounded_to_whole));
       date_ = parts.date;
       hour_ = parts.hour;
       minute_ = parts.minute;
@@ -190,19 +191,11 @@ inline int32_t clamp_digits(int32_t digits) noexcept {
       digits_ = clamp_digits(fraction_digits);
       const double v = rounded_again(value, rounded_to_whole);
       date_ = std_miss_val;
-      // A whole count within the first day is its own time of day.
-      uint32_t count;
-      if (calendar::whole_count_below_2_32(v, count) && count < 86400) {
-        const calendar::ClockParts parts = calendar::split_count(count);
-        whole_clock_ = static_cast<int32_t>(count);
-        hour_ = parts.hour;
-        minute_ = parts.minute;
-        second_ = parts.second;
-        return 0;
-      }
-      const calendar::ClockParts parts = calendar::split_seconds(v);
+      const calendar::ClockParts parts = split_noting_clock(v);
       // The hour is deliberately not reduced modulo 24; within the first
-      // day it is the split's (v is its own remainder by the day).
+      // day it is the split's (v is its own remainder by the day), and only
+      // there is the time its own time of day.
+      if (v >= 86400) whole_clock_ = -1;
       hour_ = v < 86400 ? parts.hour : std::trunc(std::fabs(v / 3600));
       minute_ = parts.minute;
       second_ = parts.second;
