@@ -1,7 +1,8 @@
-// Copies of a few bytes, in line.
+// Copies and fills of a few bytes, in line.
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 
 namespace corvinel::frame {
@@ -26,6 +27,39 @@ inline void copy_exactly(char *out, const char *in, std::size_t n) noexcept {
     out[0] = in[0];
     out[n - 1] = in[n - 1];
     if (n == 3) out[1] = in[1];
+  }
+}
+
+// Sets exactly `n` bytes to `byte`: up to 64 as fixed-size pieces that
+// overlap (a field and the rest of its buffer), more through memset.  In
+// line, a format's placement makes no call to blank its field, so it needs
+// no registers kept across one.  Nothing past `out + n` is written.
+inline void fill_exactly(char *out, char byte, std::size_t n) noexcept {
+  const uint64_t eight = 0x0101010101010101ull * static_cast<unsigned char>(byte);
+  const auto two_pieces = [out, n, eight]<std::size_t kPiece>() {
+    char piece[kPiece];
+    for (std::size_t i = 0; i < kPiece; i += 8) std::memcpy(piece + i, &eight, 8);
+    std::memcpy(out, piece, kPiece);
+    std::memcpy(out + n - kPiece, piece, kPiece);
+    if (n > 2 * kPiece) {  // up to four pieces
+      std::memcpy(out + kPiece, piece, kPiece);
+      std::memcpy(out + n - 2 * kPiece, piece, kPiece);
+    }
+  };
+  if (n >= 16 && n <= 64) {
+    two_pieces.template operator()<16>();
+  } else if (n >= 8 && n < 16) {
+    std::memcpy(out, &eight, 8);
+    std::memcpy(out + n - 8, &eight, 8);
+  } else if (n > 64) {
+    std::memset(out, byte, n);
+  } else if (n >= 4) {
+    std::memcpy(out, &eight, 4);
+    std::memcpy(out + n - 4, &eight, 4);
+  } else if (n > 0) {
+    out[0] = byte;
+    out[n - 1] = byte;
+    if (n == 3) out[1] = byte;
   }
 }
 

@@ -244,9 +244,11 @@ template <typename Texts>
   return result_length;
 }
 
+// The engine for a pattern item and the value to render (the request's
+// value is not read).
 template <typename Sources>
-int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtreq &request) {
-  if (mode != 0 || !locale::is_pattern_item(item)) return kNoConvention;
+int32_t run_engine_on(char *output, int32_t width, int32_t item, fmtreq &request,
+                      const double value) {
   const SessionCodeset codeset = Sources::session_codeset();
   patsyms storage;
   locale::PatternConvention fetched;
@@ -265,7 +267,6 @@ int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtr
     return CORVINEL_OK;
   }
   request.outlen = w;
-  const double value = request.value != nullptr ? *request.value : std_miss_val;
   if (frame::is_missing(value)) return render_missing(request);
 
   const typename Sources::Texts texts;
@@ -328,10 +329,22 @@ int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtr
   }
 }
 
+template <typename Sources>
+int32_t run_engine(char *output, int32_t width, int32_t mode, int32_t item, fmtreq &request) {
+  if (mode != 0 || !locale::is_pattern_item(item)) return kNoConvention;
+  const double value = request.value != nullptr ? *request.value : std_miss_val;
+  return run_engine_on<Sources>(output, width, item, request, value);
+}
+
 }  // namespace
 
 int32_t zkfnum(char *output, int32_t width, int32_t mode, int32_t item, fmtreq *request) {
   return run_engine<FastSources>(output, width, mode, item, *request);
+}
+
+int32_t zkfnum_value(char *output, int32_t width, int32_t item, fmtreq *request, double value) {
+  if (!locale::is_pattern_item(item)) return kNoConvention;
+  return run_engine_on<FastSources>(output, width, item, *request, value);
 }
 
 int32_t zkfnum_reference(char *output, int32_t width, int32_t mode, int32_t item,

@@ -32,6 +32,11 @@ inline constexpr int32_t kWidestNumberField = 32;
 // Returns 0 or kNoConvention.  Needs width <= capacity.
 int32_t zkfnum(char *output, int32_t width, int32_t mode, int32_t item, fmtreq *request);
 
+// zkfnum in mode 0 for `value`, which stands in for the request's value
+// (that is not read): the number formats hand the engine a value they have
+// already read, scaled for the percent formats.
+int32_t zkfnum_value(char *output, int32_t width, int32_t item, fmtreq *request, double value);
+
 // zkfnum as first written, with the convention from wzssglc and the digit
 // texts of snprintf and localeconv: the reference the tests compare zkfnum
 // with.

@@ -44,11 +44,10 @@ int32_t render_number(fmtreq &request, const NumberFormat &format, double value)
   // Percent formats hand the engine 100 times the value (zero as it is) and
   // give the classic PERCENT the value itself, which it scales on its own.
   const double scaled = (format.percent && value != 0) ? value * 100 : value;
-  const double *const caller_value = request.value;
-  request.value = &scaled;
-  const int32_t engine = zkfnum(request.output, request.width, 0, format.convention_item, &request);
-  request.value = caller_value;
-  if (engine == CORVINEL_OK) return CORVINEL_OK;
+  if (zkfnum_value(request.output, request.width, format.convention_item, &request, scaled) ==
+      CORVINEL_OK) {
+    return CORVINEL_OK;
+  }
 
   if (render_classic(request, format.fallback) == CORVINEL_OK &&
       expand_field_in_place(request) <= 0) {

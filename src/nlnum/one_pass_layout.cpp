@@ -4,6 +4,7 @@
 #include <array>
 #include <cstring>
 
+#include "frame/exact_copy.h"
 #include "locale/transcode_steps.h"
 #include "nlnum/number_assembly.h"
 #include "nlnum/request_expansion.h"
@@ -157,7 +158,7 @@ constexpr auto kDigitTriples = [] {
 // Writes the lowest three digits of `digits` so that they end at `end`;
 // returns where they start, and the digits left in `digits`.
 template <typename Digits>
-char *put_three_digits_before(char *end, Digits &digits) {
+[[gnu::always_inline]] inline char *put_three_digits_before(char *end, Digits &digits) {
   const Digits rest = digits / 1000;
   end -= 3;
   std::memcpy(end, &kDigitTriples[4 * (digits - rest * 1000)], 3);
@@ -166,14 +167,18 @@ char *put_three_digits_before(char *end, Digits &digits) {
 }
 
 // Writes the lowest `count` digits of `digits` so that they end at `end`,
-// two at a time; returns where they start, and the digits left in `digits`.
+// three at a time and then the two or one left; returns where they start,
+// and the digits left in `digits`.  Most counts are 1 to 3 (a group, two
+// decimals), which take no loop.
 template <typename Digits>
-char *put_digits_before(char *end, Digits &digits, std::size_t count) {
-  for (; count >= 2; count -= 2, digits /= 100) {
+[[gnu::always_inline]] inline char *put_digits_before(char *end, Digits &digits,
+                                                      std::size_t count) {
+  for (; count >= 3; count -= 3) end = put_three_digits_before(end, digits);
+  if (count == 2) {
     end -= 2;
     std::memcpy(end, &kDigitPairs[2 * (digits % 100)], 2);
-  }
-  if (count == 1) {
+    digits /= 100;
+  } else if (count == 1) {
     *--end = static_cast<char>('0' + digits % 10);
     digits /= 10;
   }
@@ -309,7 +314,7 @@ OnePassAttempt place_one_pass(const OnePassLayout &layout, const ScaledDecimal &
   }
 
   // From the right edge of the field leftwards.
-  std::memset(output, ' ', static_cast<std::size_t>(request.capacity));
+  frame::fill_exactly(output, ' ', static_cast<std::size_t>(request.capacity));
   char *out = put_before(output + width, after);
   out = number.digits <= UINT32_MAX
             ? put_number_before(out, static_cast<uint32_t>(number.digits), integer, fraction,
@@ -352,7 +357,7 @@ OnePassAttempt place_exponent_one_pass(const OnePassLayout &layout, const Signif
   }
 
   // From the right edge of the field leftwards.
-  std::memset(output, ' ', static_cast<std::size_t>(request.capacity));
+  frame::fill_exactly(output, ' ', static_cast<std::size_t>(request.capacity));
   char *out = put_before(output + width, after);
   auto exponent = static_cast<uint32_t>(number.exponent);
   out = put_digits_before(out, exponent, 2);
