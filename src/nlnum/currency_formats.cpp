@@ -37,6 +37,7 @@
 #include "nlnum/monetary_convention.h"
 #include "nlnum/number_assembly.h"
 #include "nlnum/one_pass_layout.h"
+#include "nlnum/one_pass_placement.h"
 
 namespace corvinel::nlnum {
 namespace {

@@ -11,6 +11,8 @@
 #include <cstdio>
 #include <cstring>
 
+#include "nlnum/digit_writing.h"
+
 namespace corvinel::nlnum {
 namespace {
 
@@ -37,11 +39,6 @@ int keep(const char *text, int length, int field, char *out) {
   out[kept] = '\0';
   return padded;
 }
-
-constexpr char kDigitPairs[] =
-    "00010203040506070809101112131415161718192021222324252627282930313233343536373839"
-    "40414243444546474849505152535455565758596061626364656667686970717273747576777879"
-    "8081828384858687888990919293949596979899";
 
 // value * 10^precision for a finite value below 2^63 with at most 19
 // decimals, by integer arithmetic on its exact binary value: rounded to the
@@ -104,17 +101,7 @@ int exact_fixed(double value, int precision, char decimal_point, char *out) {
     for (int i = 0; i < 19; ++i, chunk /= 10) *--first = static_cast<char>('0' + chunk % 10);
   }
   uint64_t rest = static_cast<uint64_t>(scaled);
-  while (rest >= 100) {
-    first -= 2;
-    std::memcpy(first, kDigitPairs + 2 * (rest % 100), 2);
-    rest /= 100;
-  }
-  if (rest >= 10) {
-    first -= 2;
-    std::memcpy(first, kDigitPairs + 2 * rest, 2);
-  } else {
-    *--first = static_cast<char>('0' + rest);
-  }
+  first = put_digits_before(first, rest, static_cast<std::size_t>(decimal_digits(rest)));
   while (end - first <= precision) *--first = '0';
 
   const auto count = static_cast<std::size_t>(end - first);
@@ -132,17 +119,6 @@ int exact_fixed(double value, int precision, char decimal_point, char *out) {
   return static_cast<int>(next - out);
 }
 
-// Writes the lowest `count` digits of `digits` so that they end at `end`;
-// returns where they start.
-char *put_digits_before(char *end, uint64_t digits, int count) {
-  for (; count >= 2; count -= 2, digits /= 100) {
-    end -= 2;
-    std::memcpy(end, kDigitPairs + 2 * (digits % 100), 2);
-  }
-  if (count == 1) *--end = static_cast<char>('0' + digits % 10);
-  return end;
-}
-
 // The "%-*.*G" text of `number` in a field of `field` bytes.
 int write_general(const SignificantDigits &number, char decimal_point, int field, char *out) {
   char text[32];  // a sign, 19 digits, a point, "E+", 2 exponent digits
@@ -150,7 +126,8 @@ int write_general(const SignificantDigits &number, char decimal_point, int field
   char *first = end;
   int before_point = number.exponent + 1;
   if (number.exponent_form) {
-    first = put_digits_before(first, static_cast<uint64_t>(number.exponent), 2);
+    auto exponent = static_cast<uint32_t>(number.exponent);
+    first = put_digits_before(first, exponent, 2);
     *--first = '+';
     *--first = 'E';
     before_point = 1;
@@ -158,11 +135,10 @@ int write_general(const SignificantDigits &number, char decimal_point, int field
   const int after_point = number.count - before_point;
   uint64_t digits = number.digits;
   if (after_point > 0) {
-    first = put_digits_before(first, digits % kPowersOfTen[after_point], after_point);
-    digits /= kPowersOfTen[after_point];
+    first = put_digits_before(first, digits, static_cast<std::size_t>(after_point));
     *--first = decimal_point;
   }
-  first = put_digits_before(first, digits, before_point);
+  first = put_digits_before(first, digits, static_cast<std::size_t>(before_point));
   if (number.minus) *--first = '-';
   return keep(first, static_cast<int>(end - first), field, out);
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <optional>
 
 #include "corvinel/locale_db.h"
 #include "corvinel/missing.h"
@@ -14,6 +15,7 @@
 #include "nlnum/field_placement.h"
 #include "nlnum/number_assembly.h"
 #include "nlnum/one_pass_layout.h"
+#include "nlnum/one_pass_placement.h"
 
 namespace corvinel::nlnum {
 namespace {
@@ -244,46 +246,38 @@ template <typename Texts>
   return result_length;
 }
 
-// The engine for a pattern item and the value to render (the request's
-// value is not read).
-template <typename Sources>
-int32_t run_engine_on(char *output, int32_t width, int32_t item, fmtreq &request,
-                      const double value) {
-  const SessionCodeset codeset = Sources::session_codeset();
-  patsyms storage;
-  locale::PatternConvention fetched;
-  const OnePassLayout *one_pass;
-  const locale::PatternConvention *const found =
-      Sources::fetch(request.locale, item, codeset, storage, fetched, one_pass);
-  if (found == nullptr) return kNoConvention;
-  const locale::PatternConvention &convention = *found;
+// The decimals of the first attempt: the request's, within 0 ..
+// kMaxPrecision, none where the convention has no decimal mark.
+int first_decimals(const locale::PatternConvention &convention, const fmtreq &request) {
+  return convention.decimal.empty() ? 0 : std::clamp(request.decimals, 0, kMaxPrecision);
+}
 
-  const int32_t w = width;
-  if (w <= 0) return CORVINEL_OK;
-  if (w > kWidestNumberField) {
-    request.width = kWidestNumberField;
-    std::memset(output, '*', kWidestNumberField);
-    request.outlen = kWidestNumberField;
-    return CORVINEL_OK;
-  }
-  request.outlen = w;
-  if (frame::is_missing(value)) return render_missing(request);
-
-  const typename Sources::Texts texts;
-  FittingState state{std::clamp(request.decimals, 0, kMaxPrecision)};
-  if (convention.decimal.empty()) state.decimals = 0;
-  // The one pass lays fixed texts out as numbers only where the general
-  // attempt splits them at their decimal point.
-  if (!delivers_session_bytes(request)) one_pass = nullptr;
-  if constexpr (Sources::kOnePass) {
-    if (!texts.splits_at_decimal_point()) one_pass = nullptr;
-  }
-  // Every way out of the attempts below writes the whole field.  The fixed
-  // text as a number is kept while the decimals stay (an attempt without
-  // group separators takes the same one).
+// What the caller learnt making the first attempt in one pass: the fixed
+// text as a number for `decimals` (when `taken`), and the attempt's outcome
+// when it was made.
+struct FirstOnePass {
   ScaledDecimal scaled;
-  int scaled_decimals = -1;
-  bool scaled_taken = false;
+  int decimals = -1;
+  bool taken = false;
+  std::optional<OnePassAttempt> attempt;
+};
+
+// The attempts from the first: each learns why the one before did not fit
+// and the next is narrower, until a text stands in the field or the field
+// shows overflow.  Every way out writes the whole field.  What `first`
+// holds is not worked out again.
+template <typename Sources>
+[[gnu::noinline]] int32_t fit_by_attempts(const typename Sources::Texts &texts,
+                                          const locale::PatternConvention &convention,
+                                          SessionCodeset codeset, const OnePassLayout *one_pass,
+                                          FirstOnePass first, double value, fmtreq &request,
+                                          char *output, const int32_t w) {
+  FittingState state{first_decimals(convention, request)};
+  // The fixed text as a number is kept while the decimals stay (an attempt
+  // without group separators takes the same one).
+  ScaledDecimal &scaled = first.scaled;
+  int &scaled_decimals = first.decimals;
+  bool &scaled_taken = first.taken;
   for (;;) {
     if constexpr (Sources::kOnePass) {
       // The fixed text as a number, laid out without being written first.
@@ -294,7 +288,10 @@ int32_t run_engine_on(char *output, int32_t width, int32_t item, fmtreq &request
       if (one_pass != nullptr && state.shrink == 0 && scaled_taken && scaled.text_length() <= w) {
         if (scaled.starts_zero_point(texts.decimal_point())) state.leading_zero = true;
         const OnePassAttempt attempt =
-            place_one_pass(*one_pass, scaled, state.grouping_allowed, value, request, output, w);
+            first.attempt ? *first.attempt
+                          : place_one_pass(*one_pass, scaled, state.grouping_allowed, value,
+                                           request, output, w);
+        first.attempt.reset();
         if (attempt.outcome == OnePass::kPlaced) [[likely]] return CORVINEL_OK;
         if (attempt.outcome == OnePass::kTooWide) {
           state.grouped = state.grouped || attempt.grouped;
@@ -327,6 +324,59 @@ int32_t run_engine_on(char *output, int32_t width, int32_t item, fmtreq &request
     if (result_length == kFailedAttempt) return fill_overflow(request, output, w);
     if (!state.adjust(result_length, w)) return fill_overflow(request, output, w);
   }
+}
+
+// The engine for a pattern item and the value to render (the request's
+// value is not read).
+template <typename Sources>
+int32_t run_engine_on(char *output, int32_t width, int32_t item, fmtreq &request,
+                      const double value) {
+  const SessionCodeset codeset = Sources::session_codeset();
+  patsyms storage;
+  locale::PatternConvention fetched;
+  const OnePassLayout *one_pass;
+  const locale::PatternConvention *const found =
+      Sources::fetch(request.locale, item, codeset, storage, fetched, one_pass);
+  if (found == nullptr) return kNoConvention;
+  const locale::PatternConvention &convention = *found;
+
+  const int32_t w = width;
+  if (w <= 0) return CORVINEL_OK;
+  if (w > kWidestNumberField) {
+    request.width = kWidestNumberField;
+    std::memset(output, '*', kWidestNumberField);
+    request.outlen = kWidestNumberField;
+    return CORVINEL_OK;
+  }
+  request.outlen = w;
+  if (frame::is_missing(value)) return render_missing(request);
+
+  const typename Sources::Texts texts;
+  // The one pass lays fixed texts out as numbers only where the general
+  // attempt splits them at their decimal point.
+  if (!delivers_session_bytes(request)) one_pass = nullptr;
+  if constexpr (Sources::kOnePass) {
+    if (!texts.splits_at_decimal_point()) one_pass = nullptr;
+    // The first attempt, the fixed text grouped, settles most calls: made
+    // here, with nothing else live, it needs no state.  When it does not
+    // settle the call it has written nothing, and the attempts go on from
+    // what it found.
+    if (one_pass != nullptr) {
+      const int decimals = first_decimals(convention, request);
+      ScaledDecimal scaled;
+      const bool taken = texts.scaled(value, decimals, scaled);
+      std::optional<OnePassAttempt> attempt;
+      if (taken && scaled.text_length() <= w) {
+        attempt = place_one_pass(*one_pass, scaled, true, value, request, output, w);
+        if (attempt->outcome == OnePass::kPlaced) return CORVINEL_OK;
+      }
+      return fit_by_attempts<Sources>(texts, convention, codeset, one_pass,
+                                      {scaled, decimals, taken, attempt}, value, request, output,
+                                      w);
+    }
+  }
+  return fit_by_attempts<Sources>(texts, convention, codeset, one_pass, {}, value, request, output,
+                                  w);
 }
 
 template <typename Sources>

@@ -1,20 +1,22 @@
 #include "nlnum/one_pass_layout.h"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 
 #include "frame/exact_copy.h"
-#include "locale/transcode_steps.h"
+#include "nlnum/digit_writing.h"
 #include "nlnum/number_assembly.h"
+#include "nlnum/one_pass_placement.h"
 #include "nlnum/request_expansion.h"
 
 namespace corvinel::nlnum {
-namespace {
+using one_pass::kNegative;
+using one_pass::kPositive;
+using one_pass::kZero;
+using one_pass::passes_limits;
+using one_pass::put_before;
 
-constexpr int kNegative = 0;
-constexpr int kZero = 1;
-constexpr int kPositive = 2;
+namespace {
 
 // An escape is judged on the seven bytes from its "<"; a "<" closer than
 // that to the end of a part could become an escape with the bytes after it
@@ -33,11 +35,6 @@ bool encode(SessionCodeset codeset, std::string_view text, EncodedPiece &piece) 
   piece.symbolic = static_cast<uint16_t>(text.size());
   return true;
 }
-
-// Past these the general attempt's buffers cut the text or expansion leaves
-// its shortcut, so such texts are left to it.  A session byte is at most
-// three bytes of UTF-8 and at least one unit.
-constexpr std::size_t kMostSessionBytes = locale::kStepCapacity / 3;
 
 // A layout part being built: what stands before or after the number.
 class PartText {
@@ -104,129 +101,23 @@ bool compile_sign_class(const LayoutParts &parts, int sign_class, SessionCodeset
   return true;
 }
 
-// Writes `bytes` (2 .. kPieceCapacity of them) so that they end at `end`;
-// returns where they start.  Two fixed-size copies that overlap in the
-// middle instead of a call to memcpy.
-[[gnu::noinline]] char *put_longer_before(char *end, const char *bytes, std::size_t length) {
+}  // namespace
+
+namespace one_pass {
+
+char *put_longer_before(char *end, const char *bytes, std::size_t length) {
   end -= length;
-  if (length <= 3) {
-    std::memcpy(end, bytes, 2);
-    std::memcpy(end + length - 2, bytes + length - 2, 2);
-  } else if (length <= 7) {
-    std::memcpy(end, bytes, 4);
-    std::memcpy(end + length - 4, bytes + length - 4, 4);
-  } else if (length <= 15) {
-    std::memcpy(end, bytes, 8);
-    std::memcpy(end + length - 8, bytes + length - 8, 8);
-  } else {
-    std::memcpy(end, bytes, 16);
-    std::memcpy(end + length - 16, bytes + length - 16, 16);
-  }
+  frame::copy_exactly(end, bytes, length);
   return end;
 }
 
-// Writes `piece` so that it ends at `end`; returns where it starts.  Most
-// pieces are empty or one byte (a sign, a separator, a decimal mark).
-inline char *put_before(char *end, const EncodedPiece &piece) {
-  const std::size_t length = piece.length;
-  if (length > 1) return put_longer_before(end, piece.bytes, length);
-  if (length == 1) *--end = piece.bytes[0];
-  return end;
-}
-
-// "00" .. "99".
-constexpr auto kDigitPairs = [] {
-  std::array<char, 200> pairs{};
-  for (int i = 0; i < 100; ++i) {
-    pairs[2 * i] = static_cast<char>('0' + i / 10);
-    pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
-  }
-  return pairs;
-}();
-
-// "000" .. "999", four bytes apart.
-constexpr auto kDigitTriples = [] {
-  std::array<char, 4000> triples{};
-  for (int i = 0; i < 1000; ++i) {
-    triples[4 * i] = static_cast<char>('0' + i / 100);
-    triples[4 * i + 1] = static_cast<char>('0' + i / 10 % 10);
-    triples[4 * i + 2] = static_cast<char>('0' + i % 10);
-  }
-  return triples;
-}();
-
-// Writes the lowest three digits of `digits` so that they end at `end`;
-// returns where they start, and the digits left in `digits`.
-template <typename Digits>
-[[gnu::always_inline]] inline char *put_three_digits_before(char *end, Digits &digits) {
-  const Digits rest = digits / 1000;
-  end -= 3;
-  std::memcpy(end, &kDigitTriples[4 * (digits - rest * 1000)], 3);
-  digits = rest;
-  return end;
-}
-
-// Writes the lowest `count` digits of `digits` so that they end at `end`,
-// three at a time and then the two or one left; returns where they start,
-// and the digits left in `digits`.  Most counts are 1 to 3 (a group, two
-// decimals), which take no loop.
-template <typename Digits>
-[[gnu::always_inline]] inline char *put_digits_before(char *end, Digits &digits,
-                                                      std::size_t count) {
-  for (; count >= 3; count -= 3) end = put_three_digits_before(end, digits);
-  if (count == 2) {
-    end -= 2;
-    std::memcpy(end, &kDigitPairs[2 * (digits % 100)], 2);
-    digits /= 100;
-  } else if (count == 1) {
-    *--end = static_cast<char>('0' + digits % 10);
-    digits /= 10;
-  }
-  return end;
-}
-
-// Whether a text passes the general attempt's limits: its number (as
-// assemble_number counts it) or its composed text is cut, or expansion
-// leaves its shortcut.
-bool passes_limits(std::size_t assembled, std::size_t symbolic, std::size_t length) {
-  return assembled > static_cast<std::size_t>(kMaxAssembledNumber) ||
-         symbolic > static_cast<std::size_t>(kComposedCapacity) || length > kMostSessionBytes;
-}
-
-// Writes the number `digits` (`integer` digits, then `fraction` after the
-// decimal mark, a separator before each `group` digits from the point
-// leftwards, `separators` of them) so that it ends at `end`; returns where
-// it starts.  Digits is uint32_t for numbers that fit it: divisions of 32
-// bits take fewer instructions.
-template <typename Digits>
-char *put_number_before(char *out, Digits digits, std::size_t integer, std::size_t fraction,
-                        std::size_t group, std::size_t separators, const OnePassLayout &layout) {
-  if (fraction > 0) {
-    out = put_digits_before(out, digits, fraction);
-    out = put_before(out, layout.decimal);
-  }
-  // Whole groups from the right, each followed on its left by a separator,
-  // then the first group (at least one digit).
-  if (group == 3) {  // the common grouping, a group at a time
-    for (std::size_t s = 0; s < separators; ++s) {
-      out = put_three_digits_before(out, digits);
-      out = put_before(out, layout.separator);
-    }
-  } else {
-    for (std::size_t s = 0; s < separators; ++s) {
-      out = put_digits_before(out, digits, group);
-      out = put_before(out, layout.separator);
-    }
-  }
-  return put_digits_before(out, digits, integer - separators * group);
-}
-
-// What place_one_pass reports for a text too wide, of `length` session
-// bytes and `symbolic` bytes of symbolic notation with `separators` group
-// separators.  Out of line: the placed text is the common case.
-[[gnu::noinline]] OnePassAttempt too_wide(const OnePassLayout &layout, std::size_t separators,
-                                          std::size_t length, std::size_t symbolic, bool grouped,
-                                          int32_t width) {
+OnePassAttempt too_wide(const OnePassLayout &layout, const EncodedPiece &before,
+                        const EncodedPiece &after, std::size_t integer, std::size_t fraction,
+                        std::size_t separators, std::size_t length, int32_t width) {
+  const std::size_t symbolic = integer + separators * layout.separator.symbolic +
+                               (fraction > 0 ? layout.decimal.symbolic + fraction : 0) +
+                               before.symbolic + after.symbolic;
+  const bool grouped = separators > 0 && layout.separator.symbolic > 0;
   // Without the separators every length only shrinks, so that text passes
   // no limit either.
   const std::size_t ungrouped = length - separators * layout.separator.length;
@@ -238,7 +129,15 @@ char *put_number_before(char *out, Digits digits, std::size_t integer, std::size
           static_cast<int>(ungrouped_symbolic)};
 }
 
-}  // namespace
+bool passes_layout_limits(const OnePassLayout &layout, const EncodedPiece &before,
+                          const EncodedPiece &after, std::size_t integer, std::size_t fraction,
+                          std::size_t separators, std::size_t length) {
+  const std::size_t assembled = integer + separators * layout.separator.symbolic +
+                                (fraction > 0 ? layout.decimal.symbolic + fraction : 0);
+  return passes_limits(assembled, assembled + before.symbolic + after.symbolic, length);
+}
+
+}  // namespace one_pass
 
 OnePassLayout compile_one_pass(const LayoutParts &parts, SessionCodeset codeset) {
   OnePassLayout layout;
@@ -276,53 +175,6 @@ OnePassLayout compile_one_pass(const LayoutParts &parts, SessionCodeset codeset)
       kMostExponentText + layout.decimal.length + widest_around_length);
   layout.usable = true;
   return layout;
-}
-
-OnePassAttempt place_one_pass(const OnePassLayout &layout, const ScaledDecimal &number,
-                              bool grouping_allowed, double value, fmtreq &request, char *output,
-                              int32_t width) {
-  // assemble_number's parts: the integer digits, grouped, and with decimals
-  // the decimal mark and the fraction digits.
-  const auto fraction = static_cast<std::size_t>(number.precision);
-  const std::size_t integer = static_cast<std::size_t>(number.digit_count) - fraction;
-  const bool has_fraction = fraction > 0;
-  const std::size_t group =
-      grouping_allowed && layout.grouping > 0 ? static_cast<std::size_t>(layout.grouping) : 0;
-  const std::size_t separators = (group > 0 && group < integer) ? (integer - 1) / group : 0;
-
-  const int sign_class = value < 0 ? kNegative : value > 0 ? kPositive : kZero;
-  const EncodedPiece &before = layout.before[sign_class];
-  const EncodedPiece &after = layout.after[sign_class];
-  std::size_t length = integer + separators * layout.separator.length +
-                       (has_fraction ? layout.decimal.length + fraction : 0) +
-                       layout.around_length[sign_class];
-  // The text's length in the symbolic notation, worked out only when it is
-  // needed: for the limits of a layout that may pass them, and for a text
-  // too wide.
-  const auto symbolic_length = [&] {
-    return integer + separators * layout.separator.symbolic +
-           (has_fraction ? layout.decimal.symbolic + fraction : 0) + before.symbolic +
-           after.symbolic;
-  };
-  if (!layout.within_limits) {
-    const std::size_t symbolic = symbolic_length();
-    if (passes_limits(symbolic - before.symbolic - after.symbolic, symbolic, length)) return {};
-  }
-  const bool grouped = separators > 0 && layout.separator.symbolic > 0;
-  if (length > static_cast<std::size_t>(width)) {
-    return too_wide(layout, separators, length, symbolic_length(), grouped, width);
-  }
-
-  // From the right edge of the field leftwards.
-  frame::fill_exactly(output, ' ', static_cast<std::size_t>(request.capacity));
-  char *out = put_before(output + width, after);
-  out = number.digits <= UINT32_MAX
-            ? put_number_before(out, static_cast<uint32_t>(number.digits), integer, fraction,
-                                group, separators, layout)
-            : put_number_before(out, number.digits, integer, fraction, group, separators, layout);
-  put_before(out, before);
-  request.outlen = width;
-  return {OnePass::kPlaced, grouped, 0, 0};
 }
 
 OnePassAttempt place_exponent_one_pass(const OnePassLayout &layout, const SignificantDigits &number,

@@ -72,7 +72,7 @@ enum class OnePass {
 
 struct OnePassAttempt {
   OnePass outcome = OnePass::kDeclined;
-  bool grouped = false;  // a group separator (not an empty one) was laid
+  bool grouped = false;  // too wide: it has a group separator (not an empty one)
   int symbolic_length = 0;  // too wide: the composed text's length in the symbolic notation
   // Too wide and grouped: the same text without its group separators is too
   // wide as well, and this is its symbolic length (else 0).
@@ -86,10 +86,10 @@ struct OnePassAttempt {
 // ending at the field's right edge, sets `outlen` to `width`.  When it does
 // not, reports what the general attempt would have learnt.  The caller has
 // made sure that the request delivers session bytes, not 16-bit units, and
-// that 1 <= width <= capacity.
-OnePassAttempt place_one_pass(const OnePassLayout &layout, const ScaledDecimal &number,
-                              bool grouping_allowed, double value, fmtreq &request, char *output,
-                              int32_t width);
+// that 1 <= width <= capacity.  Defined in line in one_pass_placement.h.
+[[gnu::always_inline]] inline OnePassAttempt place_one_pass(
+    const OnePassLayout &layout, const ScaledDecimal &number, bool grouping_allowed, double value,
+    fmtreq &request, char *output, int32_t width);
 
 // One attempt with the exponent-form "%G" text of `number`, blank-padded to
 // `text_field` bytes: placed or reported as place_one_pass does.  The
