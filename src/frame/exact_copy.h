@@ -36,18 +36,16 @@ inline void copy_exactly(char *out, const char *in, std::size_t n) noexcept {
 // no registers kept across one.  Nothing past `out + n` is written.
 inline void fill_exactly(char *out, char byte, std::size_t n) noexcept {
   const uint64_t eight = 0x0101010101010101ull * static_cast<unsigned char>(byte);
-  const auto two_pieces = [out, n, eight]<std::size_t kPiece>() {
-    char piece[kPiece];
-    for (std::size_t i = 0; i < kPiece; i += 8) std::memcpy(piece + i, &eight, 8);
-    std::memcpy(out, piece, kPiece);
-    std::memcpy(out + n - kPiece, piece, kPiece);
-    if (n > 2 * kPiece) {  // up to four pieces
-      std::memcpy(out + kPiece, piece, kPiece);
-      std::memcpy(out + n - 2 * kPiece, piece, kPiece);
-    }
-  };
   if (n >= 16 && n <= 64) {
-    two_pieces.template operator()<16>();
+    char sixteen[16];
+    std::memcpy(sixteen, &eight, 8);
+    std::memcpy(sixteen + 8, &eight, 8);
+    std::memcpy(out, sixteen, 16);
+    std::memcpy(out + n - 16, sixteen, 16);
+    if (n > 32) {
+      std::memcpy(out + 16, sixteen, 16);
+      std::memcpy(out + n - 32, sixteen, 16);
+    }
   } else if (n >= 8 && n < 16) {
     std::memcpy(out, &eight, 8);
     std::memcpy(out + n - 8, &eight, 8);

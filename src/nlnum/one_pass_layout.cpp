@@ -104,6 +104,16 @@ bool compile_sign_class(const LayoutParts &parts, int sign_class, SessionCodeset
 }  // namespace
 
 namespace one_pass {
+namespace {
+
+// The number's length as assemble_number counts it, in the symbolic notation.
+std::size_t assembled_symbolic(const OnePassLayout &layout, std::size_t integer,
+                               std::size_t fraction, std::size_t separators) {
+  return integer + separators * layout.separator.symbolic +
+         (fraction > 0 ? layout.decimal.symbolic + fraction : 0);
+}
+
+}  // namespace
 
 char *put_longer_before(char *end, const char *bytes, std::size_t length) {
   end -= length;
@@ -114,8 +124,7 @@ char *put_longer_before(char *end, const char *bytes, std::size_t length) {
 OnePassAttempt too_wide(const OnePassLayout &layout, const EncodedPiece &before,
                         const EncodedPiece &after, std::size_t integer, std::size_t fraction,
                         std::size_t separators, std::size_t length, int32_t width) {
-  const std::size_t symbolic = integer + separators * layout.separator.symbolic +
-                               (fraction > 0 ? layout.decimal.symbolic + fraction : 0) +
+  const std::size_t symbolic = assembled_symbolic(layout, integer, fraction, separators) +
                                before.symbolic + after.symbolic;
   const bool grouped = separators > 0 && layout.separator.symbolic > 0;
   // Without the separators every length only shrinks, so that text passes
@@ -132,8 +141,7 @@ OnePassAttempt too_wide(const OnePassLayout &layout, const EncodedPiece &before,
 bool passes_layout_limits(const OnePassLayout &layout, const EncodedPiece &before,
                           const EncodedPiece &after, std::size_t integer, std::size_t fraction,
                           std::size_t separators, std::size_t length) {
-  const std::size_t assembled = integer + separators * layout.separator.symbolic +
-                                (fraction > 0 ? layout.decimal.symbolic + fraction : 0);
+  const std::size_t assembled = assembled_symbolic(layout, integer, fraction, separators);
   return passes_limits(assembled, assembled + before.symbolic + after.symbolic, length);
 }
 
