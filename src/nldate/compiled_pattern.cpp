@@ -10,7 +10,7 @@
 
 #include "corvinel/weeks.h"
 #include "frame/exact_copy.h"
-#include "locale/transcode_steps.h"
+#include "encoding/transcode_steps.h"
 #include "nldate/entry_routines.h"
 #include "nldate/week_numbering.h"
 
@@ -182,18 +182,18 @@ static_assert(std::is_standard_layout_v<CompiledPattern> && offsetof(CompiledPat
 
 namespace {
 
-nlnum::SessionCodeset codeset_of(PieceEncoding encoding) {
+encoding::SessionCodeset codeset_of(PieceEncoding encoding) {
   switch (encoding) {
     case PieceEncoding::kUtf8:
-      return nlnum::SessionCodeset::kUtf8;
+      return encoding::SessionCodeset::kUtf8;
     case PieceEncoding::kLatin1:
-      return nlnum::SessionCodeset::kLatin1;
+      return encoding::SessionCodeset::kLatin1;
     case PieceEncoding::kAscii:
-      return nlnum::SessionCodeset::kAscii;
+      return encoding::SessionCodeset::kAscii;
     case PieceEncoding::kSymbolic:
       break;
   }
-  return nlnum::SessionCodeset::kOther;
+  return encoding::SessionCodeset::kOther;
 }
 
 bool is_plain(std::string_view text) {
@@ -365,8 +365,8 @@ class Compiler {
     if (clock_run) {
       const int32_t length = p.run_count == 0 ? 0 : p.runs[0].length;
       p.clock_measures = measured_length(length, p.layout_measures);
-      clock_run = p.clock_measures.units <= locale::kMaxUnits &&
-                  p.clock_measures.utf8 <= locale::kStepCapacity &&
+      clock_run = p.clock_measures.units <= encoding::kMaxUnits &&
+                  p.clock_measures.utf8 <= encoding::kStepCapacity &&
                   p.clock_measures.symbolic <= kWorkAreaSize;
     }
     p.head.clock_run = clock_run;
@@ -505,16 +505,16 @@ class Compiler {
     int32_t units = length, utf8 = length;
     bool encodable = true;
     if (p.encoding != PieceEncoding::kSymbolic) {
-      const nlnum::SessionCodeset codeset = codeset_of(p.encoding);
+      const encoding::SessionCodeset codeset = codeset_of(p.encoding);
       units = utf8 = 0;
       for (int32_t i = 0; i < length;) {
         uint16_t unit = 0;
         if (text[i] == '<' && i >= length - kEscapeTail) encodable = false;  // could join the next text
-        i += nlnum::next_symbolic_unit(text.data() + i, length - i, unit);
+        i += encoding::next_symbolic_unit(text.data() + i, length - i, unit);
         // A NUL ends the text for some converters: left to output expansion.
-        if (unit == 0 || !nlnum::session_has(codeset, unit)) encodable = false;
+        if (unit == 0 || !encoding::session_has(codeset, unit)) encodable = false;
         ++units;
-        utf8 += nlnum::utf8_length(unit);
+        utf8 += encoding::utf8_length(unit);
       }
     }
     // A text without bytes in the encoding still counts its units towards
@@ -530,7 +530,7 @@ class Compiler {
         if (length > 0) std::memcpy(at, text.data(), text.size());
         written = length;
       } else {
-        written = nlnum::encode_in_session(codeset_of(p.encoding), text, at, room);
+        written = encoding::encode_in_session(codeset_of(p.encoding), text, at, room);
         if (written < 0) return -1;  // every character converts: only the room can fail
       }
       piece.bytes = at;
@@ -945,8 +945,8 @@ bool certainly_too_long(const CompiledPattern &program, double date, double hour
       !is_missing(date) && !is_missing(hour) && !is_missing(minute) && !is_missing(second);
   const int64_t least = (present ? program.least_bytes_present : program.least_bytes) + digits +
                         (digits > 0 ? program.separator_bytes : 0);
-  return least > width && program.most_units + digits <= locale::kMaxUnits &&
-         program.most_utf8 + digits <= locale::kStepCapacity;
+  return least > width && program.most_units + digits <= encoding::kMaxUnits &&
+         program.most_utf8 + digits <= encoding::kStepCapacity;
 }
 
 namespace {

@@ -19,7 +19,7 @@
 
 #include "corvinel/locale_db.h"
 #include "nldate/expansion_steps.h"
-#include "nlnum/simple_expansion.h"
+#include "encoding/simple_expansion.h"
 
 namespace corvinel::nldate {
 
@@ -29,18 +29,18 @@ namespace corvinel::nldate {
 enum class PieceEncoding : uint8_t { kSymbolic, kUtf8, kLatin1, kAscii };
 
 // The encoding of a session codeset; false for one the shortcut does not take.
-inline bool piece_encoding_of(nlnum::SessionCodeset codeset, PieceEncoding &encoding) noexcept {
+inline bool piece_encoding_of(encoding::SessionCodeset codeset, PieceEncoding &encoding) noexcept {
   switch (codeset) {
-    case nlnum::SessionCodeset::kUtf8:
+    case encoding::SessionCodeset::kUtf8:
       encoding = PieceEncoding::kUtf8;
       return true;
-    case nlnum::SessionCodeset::kLatin1:
+    case encoding::SessionCodeset::kLatin1:
       encoding = PieceEncoding::kLatin1;
       return true;
-    case nlnum::SessionCodeset::kAscii:
+    case encoding::SessionCodeset::kAscii:
       encoding = PieceEncoding::kAscii;
       return true;
-    case nlnum::SessionCodeset::kOther:
+    case encoding::SessionCodeset::kOther:
       break;
   }
   return false;
