@@ -19,8 +19,8 @@
 
 #include "corvinel/fmtreq.h"
 #include "corvinel/transcode.h"
-#include "locale/locale_records.h"
 #include "encoding/output_expansion.h"
+#include "locale/locale_records.h"
 #include "nldate/field_attempt.h"
 #include "nlnum/number_engine.h"
 #include "support/session_locales.h"

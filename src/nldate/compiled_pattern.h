@@ -18,8 +18,8 @@
 #include <cstdint>
 
 #include "corvinel/locale_db.h"
-#include "nldate/expansion_steps.h"
 #include "encoding/simple_expansion.h"
+#include "nldate/expansion_steps.h"
 
 namespace corvinel::nldate {
 

@@ -5,8 +5,8 @@
 
 #include "corvinel/text.h"
 #include "encoding/output_expansion.h"
-#include "encoding/transcode_steps.h"
 #include "encoding/request_expansion.h"
+#include "encoding/transcode_steps.h"
 
 namespace corvinel::nldate {
 namespace {

@@ -3,9 +3,9 @@
 #include <cstring>
 
 #include "encoding/output_expansion.h"
+#include "encoding/request_expansion.h"
 #include "encoding/transcode_steps.h"
 #include "nldate/pattern_expander.h"
-#include "encoding/request_expansion.h"
 
 namespace corvinel::nldate {
 namespace {

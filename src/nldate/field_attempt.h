@@ -17,9 +17,9 @@
 #include <cstring>
 
 #include "corvinel/fmtreq.h"
-#include "frame/exact_copy.h"
 #include "encoding/output_expansion.h"
 #include "encoding/transcode_steps.h"
+#include "frame/exact_copy.h"
 #include "nldate/compiled_pattern.h"
 #include "nldate/date_placement.h"
 #include "nldate/entry_routines.h"

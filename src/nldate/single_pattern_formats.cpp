@@ -7,13 +7,13 @@
 #include <string_view>
 
 #include "corvinel/formats.h"
+#include "encoding/output_expansion.h"
 #include "frame/format_frame.h"
 #include "frame/registry.h"
-#include "encoding/output_expansion.h"
 #include "locale/locale_records.h"
 #include "nldate/date_placement.h"
-#include "nldate/field_attempt.h"
 #include "nldate/date_value.h"
+#include "nldate/field_attempt.h"
 #include "nldate/pattern_expander.h"
 #include "nldate/pattern_format.h"
 #include "nldate/short_numeric_form.h"

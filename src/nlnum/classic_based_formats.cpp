@@ -8,8 +8,8 @@
 #include "corvinel/formats.h"
 #include "corvinel/locale_db.h"
 #include "corvinel/missing.h"
-#include "frame/format_frame.h"
 #include "encoding/request_expansion.h"
+#include "frame/format_frame.h"
 
 namespace corvinel::nlnum {
 namespace {

@@ -26,10 +26,10 @@
 #include <cstring>
 
 #include "corvinel/currency.h"
+#include "encoding/output_expansion.h"
 #include "frame/format_frame.h"
 #include "frame/thread_memo.h"
 #include "locale/locale_records.h"
-#include "encoding/output_expansion.h"
 #include "nlnum/currency_amounts.h"
 #include "nlnum/currency_layouts.h"
 #include "nlnum/digit_texts.h"

@@ -3,8 +3,8 @@
 #include <cstring>
 
 #include "encoding/output_expansion.h"
-#include "nlnum/number_assembly.h"
 #include "encoding/request_expansion.h"
+#include "nlnum/number_assembly.h"
 
 namespace corvinel::nlnum {
 namespace {

@@ -13,9 +13,9 @@
 #include "corvinel/formats.h"
 #include "corvinel/locale_db.h"
 #include "corvinel/unicode.h"
-#include "frame/format_frame.h"
-#include "encoding/transcode_steps.h"
 #include "encoding/request_expansion.h"
+#include "encoding/transcode_steps.h"
+#include "frame/format_frame.h"
 
 namespace corvinel::nlnum {
 namespace {

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <cstring>
 
+#include "encoding/request_expansion.h"
 #include "frame/exact_copy.h"
 #include "nlnum/digit_writing.h"
 #include "nlnum/number_assembly.h"
 #include "nlnum/one_pass_placement.h"
-#include "encoding/request_expansion.h"
 
 namespace corvinel::nlnum {
 using one_pass::kNegative;

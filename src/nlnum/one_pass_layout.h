@@ -18,9 +18,9 @@
 #include <string_view>
 
 #include "corvinel/fmtreq.h"
-#include "nlnum/digit_texts.h"
 #include "encoding/request_expansion.h"
 #include "encoding/simple_expansion.h"
+#include "nlnum/digit_texts.h"
 
 namespace corvinel::nlnum {
 

@@ -7,8 +7,8 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "frame/exact_copy.h"
 #include "encoding/transcode_steps.h"
+#include "frame/exact_copy.h"
 #include "nlnum/digit_writing.h"
 #include "nlnum/number_assembly.h"
 #include "nlnum/one_pass_layout.h"
