@@ -12,7 +12,6 @@
 #include "frame/exact_copy.h"
 
 namespace corvinel::nldate {
-
 namespace {
 
 // The clock run's fixed text with the pairs in their slots, exactly its

@@ -13,6 +13,10 @@
 // followed, for a session encoding, by output expansion: where the compiled
 // form could differ it declines and the caller interprets the pattern.  The
 // tests compare the two over every directive in every locale.
+//
+// The parts: compiled_pattern.cpp compiles, compiled_program.h holds the
+// program's layout, pattern_memo.cpp the per-thread memo, program_run.cpp
+// runs a program and clock_run.cpp the clock-run fast path.
 #pragma once
 
 #include <cstdint>

@@ -2,7 +2,7 @@
 // few programs, known by record, encoding and pattern text or address) and
 // the lookups compiled_pattern.h declares.  Writes only the calling
 // thread's memo; a miss hands an entry to compile_program
-// (pattern_compiler.cpp).
+// (compiled_pattern.cpp).
 #include "nldate/compiled_program.h"
 
 #include <cstddef>
