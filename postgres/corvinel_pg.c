@@ -324,9 +324,16 @@ static text *field_text(const CallCache *cache, const fmtreq *request) {
   const int length = request->outlen;
   bool all_stars = length > 0;
   for (int i = 0; i < length && all_stars; ++i) all_stars = bytes[i] == '*';
+  const bool units = !all_stars && (int32_t)request->xcode_state == CORVINEL_ENC_UTF16LE;
+  if (units && (cache->encoding == PG_UTF8 || cache->encoding == PG_SQL_ASCII)) {
+    /* Straight into the result: at most 3 bytes per unit. */
+    text *result = palloc(VARHDRSZ + (size_t)length / 2 * 3 + 1);
+    SET_VARSIZE(result, VARHDRSZ + units_to_utf8(bytes, length, VARDATA(result)));
+    return result;
+  }
   char utf8[UNITS_CAPACITY / 2 * 3 + 4];
   int utf8_length = 0;
-  if (!all_stars && (int32_t)request->xcode_state == CORVINEL_ENC_UTF16LE) {
+  if (units) {
     utf8_length = units_to_utf8(bytes, length, utf8);
   } else {
     /* Single bytes: a missing value or "*", both ASCII. */
