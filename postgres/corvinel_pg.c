@@ -183,6 +183,11 @@ typedef struct {
   int32_t locale;
   int encoding;
   Oid conversion; /* UTF-8 to the database encoding */
+  /* The session zone's offset over a stretch of time without a change of
+     offset, so that rows near each other need no zone lookup. */
+  const pg_tz *span_zone; /* NULL: no stretch known */
+  pg_time_t span_from, span_until;
+  int32_t span_offset; /* seconds east of UTC */
 } CallCache;
 
 static CallCache *call_cache(FunctionCallInfo fcinfo) {
@@ -527,6 +532,34 @@ Datum corvinel_nlformat_date(PG_FUNCTION_ARGS) {
   return finish_call(fcinfo, &call, &value);
 }
 
+/* A wall-clock time as the format reads it.  The zone formats get
+   `offset` when it is known (a timestamptz), else the session zone's
+   offset at that wall time. */
+static Datum wall_time_call(FunctionCallInfo fcinfo, const Call *call, InputType input, Timestamp wall,
+                            const int32_t *offset) {
+  int64 days = wall / USECS_PER_DAY;
+  int64 time_of_day = wall - days * USECS_PER_DAY;
+  if (time_of_day < 0) {
+    time_of_day += USECS_PER_DAY;
+    --days;
+  }
+  struct pg_tm tm;
+  memset(&tm, 0, sizeof tm);
+  j2date((int)(days + POSTGRES_EPOCH_JDATE), &tm.tm_year, &tm.tm_mon, &tm.tm_mday);
+  ModuleValue value = {calendar_value(input, call->parsed, tm.tm_year, tm.tm_mon, tm.tm_mday, time_of_day),
+                       call->parsed->zone, 0};
+  if (value.has_offset && offset != NULL) {
+    value.offset = *offset;
+  } else if (value.has_offset) {
+    const int64 seconds = time_of_day / USECS_PER_SEC;
+    tm.tm_hour = (int)(seconds / SECS_PER_HOUR);
+    tm.tm_min = (int)(seconds / SECS_PER_MINUTE % MINS_PER_HOUR);
+    tm.tm_sec = (int)(seconds % SECS_PER_MINUTE);
+    value.offset = session_offset_at(&tm);
+  }
+  return finish_call(fcinfo, call, &value);
+}
+
 PG_FUNCTION_INFO_V1(corvinel_nlformat_timestamp);
 Datum corvinel_nlformat_timestamp(PG_FUNCTION_ARGS) {
   Call call;
@@ -536,26 +569,32 @@ Datum corvinel_nlformat_timestamp(PG_FUNCTION_ARGS) {
   if (TIMESTAMP_NOT_FINITE(stamp)) {
     return out_of_range_call(fcinfo, &call, INPUT_TIMESTAMP, TIMESTAMP_IS_NOBEGIN(stamp));
   }
-  int64 days = stamp / USECS_PER_DAY;
-  int64 time_of_day = stamp - days * USECS_PER_DAY;
-  if (time_of_day < 0) {
-    time_of_day += USECS_PER_DAY;
-    --days;
+  return wall_time_call(fcinfo, &call, INPUT_TIMESTAMP, stamp, NULL);
+}
+
+/* The session zone's offset (seconds east of UTC) at the instant `stamp`,
+   remembered with the stretch of time it holds for: from the instant it
+   was looked up for to the zone's next change of offset. */
+static bool session_offset_at_instant(CallCache *cache, TimestampTz stamp, int32_t *offset) {
+  const int64 seconds = stamp / USECS_PER_SEC - (stamp % USECS_PER_SEC < 0 ? 1 : 0);
+  const pg_time_t instant = seconds + (POSTGRES_EPOCH_JDATE - UNIX_EPOCH_JDATE) * SECS_PER_DAY;
+  if (cache->span_zone == session_timezone && instant >= cache->span_from && instant < cache->span_until) {
+    *offset = cache->span_offset;
+    return true;
   }
-  struct pg_tm tm;
-  memset(&tm, 0, sizeof tm);
-  j2date((int)(days + POSTGRES_EPOCH_JDATE), &tm.tm_year, &tm.tm_mon, &tm.tm_mday);
-  ModuleValue value = {
-      calendar_value(INPUT_TIMESTAMP, call.parsed, tm.tm_year, tm.tm_mon, tm.tm_mday, time_of_day),
-      call.parsed->zone, 0};
-  if (value.has_offset) {
-    const int64 seconds = time_of_day / USECS_PER_SEC;
-    tm.tm_hour = (int)(seconds / SECS_PER_HOUR);
-    tm.tm_min = (int)(seconds / SECS_PER_MINUTE % MINS_PER_HOUR);
-    tm.tm_sec = (int)(seconds % SECS_PER_MINUTE);
-    value.offset = session_offset_at(&tm);
-  }
-  return finish_call(fcinfo, &call, &value);
+  long before = 0, after = 0;
+  int before_dst = 0, after_dst = 0;
+  pg_time_t boundary = 0;
+  const int found = pg_next_dst_boundary(&instant, &before, &before_dst, &boundary, &after, &after_dst,
+                                         session_timezone);
+  if (found < 0) return false;
+  cache->span_zone = session_timezone;
+  /* 0: no change of offset after `instant`; there may be some before. */
+  cache->span_from = instant;
+  cache->span_until = found == 0 ? PG_INT64_MAX : boundary;
+  cache->span_offset = (int32_t)before;
+  *offset = cache->span_offset;
+  return true;
 }
 
 /* Shown in the session's TimeZone, as timestamptz's output shows it. */
@@ -568,18 +607,19 @@ Datum corvinel_nlformat_timestamptz(PG_FUNCTION_ARGS) {
   if (TIMESTAMP_NOT_FINITE(stamp)) {
     return out_of_range_call(fcinfo, &call, INPUT_TIMESTAMPTZ, TIMESTAMP_IS_NOBEGIN(stamp));
   }
-  struct pg_tm tm;
-  fsec_t fraction;
-  int west = 0;
-  if (timestamp2tm(stamp, &west, &tm, &fraction, NULL, NULL) != 0) {
-    ereport(ERROR, (errcode(ERRCODE_DATETIME_VALUE_OUT_OF_RANGE), errmsg("timestamp out of range")));
+  int32_t offset = 0;
+  if (!session_offset_at_instant(call.cache, stamp, &offset)) {
+    /* The zone library has no answer for this instant: the conversion of
+       the timestamptz output decides. */
+    struct pg_tm tm;
+    fsec_t fraction;
+    int west = 0;
+    if (timestamp2tm(stamp, &west, &tm, &fraction, NULL, NULL) != 0) {
+      ereport(ERROR, (errcode(ERRCODE_DATETIME_VALUE_OUT_OF_RANGE), errmsg("timestamp out of range")));
+    }
+    offset = -west;
   }
-  const int64 time_of_day =
-      ((int64)tm.tm_hour * SECS_PER_HOUR + tm.tm_min * SECS_PER_MINUTE + tm.tm_sec) * USECS_PER_SEC + fraction;
-  ModuleValue value = {
-      calendar_value(INPUT_TIMESTAMPTZ, call.parsed, tm.tm_year, tm.tm_mon, tm.tm_mday, time_of_day),
-      call.parsed->zone, -west};
-  return finish_call(fcinfo, &call, &value);
+  return wall_time_call(fcinfo, &call, INPUT_TIMESTAMPTZ, stamp + (int64)offset * USECS_PER_SEC, &offset);
 }
 
 PG_FUNCTION_INFO_V1(corvinel_nlformat_time);

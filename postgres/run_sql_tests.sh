@@ -21,6 +21,9 @@ mkdir -p "$root$bindir" "$root$pkglibdir" "$(dirname "$root$sharedir")" "$scratc
 cp "$bindir/postgres" "$bindir/initdb" "$bindir/pg_ctl" "$root$bindir/"
 cp -rs "$sharedir" "$root$sharedir"
 ln -s "$pkglibdir"/* "$root$pkglibdir/"
+# An installed extension is linked in with the rest: remove those links
+# first, since cp would write through them into the system's files.
+rm -f "$root$pkglibdir/corvinel.so" "$root$pkglibdir"/libcorvinel.so* "$root$sharedir/extension/corvinel"*
 cp "$extension" "$root$pkglibdir/corvinel.so"
 cp -L "$module" "$root$pkglibdir/$(basename "$(readlink -f "$module")")"
 for link in libcorvinel.so.0 libcorvinel.so; do

@@ -51,6 +51,26 @@ SELECT zone, z.format, z.utc, z.shown, z.same_as_postgres, z.wall_time_same
 FROM unnest(ARRAY['UTC', 'Asia/Kolkata', 'America/New_York', 'America/St_Johns', 'Australia/Lord_Howe']) AS zone,
      LATERAL zone_offsets(zone) AS z
 ORDER BY 1, 2, 3;
+-- Across many instants, in rising and in falling order and over changes of
+-- offset, a timestamptz shows the wall time PostgreSQL gives it and the
+-- offset to_char shows.
+CREATE FUNCTION zone_mismatches(zone text)
+RETURNS TABLE (instants bigint, wrong_wall_time bigint, wrong_offset bigint)
+LANGUAGE plpgsql AS $$
+BEGIN
+  PERFORM set_config('TimeZone', zone, true);
+  RETURN QUERY
+  SELECT count(*),
+         count(*) FILTER (WHERE nlformat(v, 'NLDATM30.', 'en_US') <> nlformat(v AT TIME ZONE zone, 'NLDATM30.', 'en_US')),
+         count(*) FILTER (WHERE right(nlformat(v, 'NLDATMZ40.', 'en_US'), 5) <> to_char(v, 'TZHTZM'))
+  FROM (SELECT v FROM generate_series(TIMESTAMPTZ '1890-01-01 00:00+00', '2100-01-01', INTERVAL '97 days 13:07') AS v
+        UNION ALL SELECT v FROM generate_series(TIMESTAMPTZ '2003-03-29 22:00+00', '2003-03-30 04:00', INTERVAL '10 min') AS v
+        UNION ALL SELECT v FROM generate_series(TIMESTAMPTZ '2003-10-26 04:00+00', '2003-10-25 22:00', INTERVAL '-10 min') AS v
+        UNION ALL SELECT v FROM unnest(ARRAY[TIMESTAMPTZ '1600-01-01 00:00+00', '9999-06-15 12:00+00', '9999-12-31 23:59:59+00',
+                                             '2100-01-01 00:00+00', '1890-01-01 00:00+00']) AS v) AS instants;
+END $$;
+SELECT zone, m.* FROM unnest(ARRAY['UTC', 'Europe/Berlin', 'America/New_York', 'Australia/Lord_Howe', 'Asia/Kolkata']) AS zone,
+     LATERAL zone_mismatches(zone) AS m ORDER BY zone;
 SET TimeZone = 'Asia/Kolkata';
 SELECT nlformat(TIMESTAMPTZ '2003-02-24 20:00:00+00', 'NLDATMZ40.', 'en_US') AS kolkata,
        nlformat(TIMESTAMPTZ '2003-02-24 20:00:00+00', 'NLDATE20.', 'en_US') AS next_day_there,
