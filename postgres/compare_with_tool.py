@@ -70,9 +70,11 @@ def decode(hex_text, missing):
     return data.decode("utf-16-le")
 
 
-def tool_texts(tool, module, request_list):
-    """{(request index, locale code): text} and the locale codes in record order."""
-    env = dict(os.environ, TZ="UTC0", LC_ALL="C")  # the databases' LC_CTYPE
+def tool_texts(tool, module, request_list, ctype):
+    """{(request index, locale code): text} and the locale codes in record
+    order, in a session of the database's LC_CTYPE (the width counts its
+    bytes)."""
+    env = dict(os.environ, TZ="UTC0", LC_ALL=ctype)
 
     def run(index):
         fmt, value, _ = request_list[index]
@@ -111,6 +113,20 @@ SELECT i, pg_temp.shown(b::bytea) FROM (VALUES {rows}) AS c(i, b) ORDER BY i;"""
     return shown
 
 
+def query_of(request_list, codes):
+    """One query for all requests: the requests by value type, crossed with
+    the locales in record order."""
+    locales = ",".join(f"({n},'{code}')" for n, code in enumerate(codes))
+    selects = []
+    for sql_type in ("double precision", "date", "timestamp", "time"):
+        rows = ",".join(f"({i},'{fmt}',{literal}::{sql_type})" for i, (fmt, _, literal) in enumerate(request_list)
+                        if type_of(literal) == sql_type)
+        selects.append(f"""
+SELECT r.i, l.n, nlformat(r.v, r.f, l.code) FROM (VALUES {rows}) AS r(i, f, v)
+  CROSS JOIN (VALUES {locales}) AS l(n, code)""")
+    return "SET TimeZone = 'UTC';\n" + "\nUNION ALL".join(selects) + "\nORDER BY 1, 2;"
+
+
 def main():
     tool, module, socket_dir, databases = sys.argv[1], sys.argv[2], sys.argv[3], sys.argv[4:]
     registry = []
@@ -119,28 +135,20 @@ def main():
         name, min_width, default_width, kind = line.split("|")
         registry.append((name, int(min_width), int(default_width), kind))
     request_list = list(requests(registry))
-    texts, codes = tool_texts(tool, module, request_list)
-    if len(set(codes)) != len(codes):
-        sys.exit("the tool names two locale records alike")
-    characters = {c for text in texts.values() for c in text if ord(c) >= 0x80}
-
-    # One query per database: the requests by value type, crossed with the
-    # locales in record order.
-    locales = ",".join(f"({n},'{code}')" for n, code in enumerate(codes))
-    selects = []
-    for sql_type in ("double precision", "date", "timestamp", "time"):
-        selects.append(f"""
-SELECT r.i, l.n, nlformat(r.v, r.f, l.code) FROM (VALUES {",".join(
-            f"({i},'{fmt}',{literal}::{sql_type})" for i, (fmt, _, literal) in enumerate(request_list)
-            if type_of(literal) == sql_type)}) AS r(i, f, v)
-  CROSS JOIN (VALUES {locales}) AS l(n, code)""")
-    query = "SET TimeZone = 'UTC';\n" + "\nUNION ALL".join(selects) + "\nORDER BY 1, 2;"
+    by_ctype = {}
 
     failed = False
     for database in databases:
+        ctype = psql(socket_dir, database, "SHOW lc_ctype").strip()
+        if ctype not in by_ctype:
+            by_ctype[ctype] = tool_texts(tool, module, request_list, ctype)
+        texts, codes = by_ctype[ctype]
+        if len(set(codes)) != len(codes):
+            sys.exit("the tool names two locale records alike")
+        characters = {c for text in texts.values() for c in text if ord(c) >= 0x80}
         shown = converter(socket_dir, database, characters)
         got = {}
-        for line in psql(socket_dir, database, query).splitlines():
+        for line in psql(socket_dir, database, query_of(request_list, codes)).splitlines():
             i, n, text = line.split("|", 2)
             got[(int(i), codes[int(n)])] = text
         differences = []

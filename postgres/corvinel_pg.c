@@ -29,6 +29,7 @@
 #include "utils/timestamp.h"
 
 #include <ctype.h>
+#include <langinfo.h>
 #include <stdint.h>
 #include <string.h>
 
@@ -182,7 +183,8 @@ typedef struct {
   char locale_text[LOCALE_TEXT_CACHED];
   int32_t locale;
   int encoding;
-  Oid conversion; /* UTF-8 to the database encoding */
+  Oid conversion;    /* UTF-8 to the database encoding */
+  bool session_utf8; /* a UTF8 database whose LC_CTYPE speaks UTF-8 */
   /* The session zone's offset over a stretch of time without a change of
      offset, so that rows near each other need no zone lookup. */
   const pg_tz *span_zone; /* NULL: no stretch known */
@@ -200,6 +202,13 @@ static CallCache *call_cache(FunctionCallInfo fcinfo) {
     cache->conversion = cache->encoding == PG_UTF8 || cache->encoding == PG_SQL_ASCII
                             ? InvalidOid
                             : FindDefaultConversionProc(PG_UTF8, cache->encoding);
+    /* The formats write the process locale's codeset, which the server
+       sets from the database's LC_CTYPE; the width counts its bytes either
+       way, so where it is UTF-8 in a UTF8 database the text is taken as the
+       formats write it, with no 16-bit units in between. */
+    const char *codeset = nl_langinfo(CODESET);
+    cache->session_utf8 = cache->encoding == PG_UTF8 &&
+                          (pg_strcasecmp(codeset, "UTF-8") == 0 || pg_strcasecmp(codeset, "UTF8") == 0);
     fcinfo->flinfo->fn_extra = cache;
   }
   return cache;
@@ -340,6 +349,8 @@ static text *field_text(const CallCache *cache, const fmtreq *request) {
   int utf8_length = 0;
   if (units) {
     utf8_length = units_to_utf8(bytes, length, utf8);
+  } else if (cache->session_utf8 && pg_verify_mbstr(PG_UTF8, (const char *)bytes, length, true)) {
+    return cstring_to_text_with_len((const char *)bytes, length);
   } else {
     /* Single bytes: a missing value or "*", both ASCII. */
     for (int i = 0; i < length; ++i) utf8[utf8_length++] = bytes[i] < 0x80 ? (char)bytes[i] : '?';
@@ -387,7 +398,7 @@ static text *render(FunctionCallInfo fcinfo, const ParsedFormat *parsed, CallCac
   request.capacity = UNITS_CAPACITY; /* widths reach 200 at most */
   request.flags = 0;                 /* the limits were checked in parse_format */
   request.locale = locale;
-  request.xcode_b = CORVINEL_ENC_UTF16LE;
+  request.xcode_b = cache->session_utf8 ? 0 : CORVINEL_ENC_UTF16LE;
   if (value->has_offset) corvinel_set_zone_offset(&value->offset);
   const int32_t result = parsed->format->render(&request);
   if (value->has_offset) corvinel_set_zone_offset(NULL);

@@ -6,7 +6,8 @@
 # system's files linked in and the extension added), so that nothing is
 # installed into the system.  As root, the server runs as the postgres user.
 # Then every format in every locale is compared with the host tool in
-# UTF8, LATIN1 and EUC_JP databases (compare_with_tool.py).
+# UTF8, LATIN1 and EUC_JP databases of the C locale and a UTF8 database
+# whose LC_CTYPE is C.UTF-8 (compare_with_tool.py).
 #   run_sql_tests.sh EXTENSION_SO LIBCORVINEL_SO CORVINEL_FMT SOURCE_DIR SCRATCH_DIR
 set -euo pipefail
 extension=$1 module=$2 tool=$3 source=$4 scratch=$5
@@ -46,8 +47,10 @@ trap '"${as_server[@]}" "$bin/pg_ctl" -D "$scratch/data" -m fast stop >/dev/null
 # converts, and the expected outputs stay in one encoding.
 export PGCLIENTENCODING=UTF8
 psql=(psql -X -q -h "$scratch" -U postgres)
-for database in utf8db:UTF8 latin1db:LATIN1 eucjpdb:EUC_JP paralleldb:UTF8 typesdb:UTF8 schemadb:UTF8; do
-  "${psql[@]}" -d postgres -c "CREATE DATABASE ${database%%:*} ENCODING '${database#*:}' LC_COLLATE 'C' LC_CTYPE 'C' TEMPLATE template0" >/dev/null
+for database in utf8db:UTF8:C latin1db:LATIN1:C eucjpdb:EUC_JP:C utf8ctypedb:UTF8:C.UTF-8 paralleldb:UTF8:C \
+                typesdb:UTF8:C schemadb:UTF8:C; do
+  IFS=: read -r name encoding ctype <<<"$database"
+  "${psql[@]}" -d postgres -c "CREATE DATABASE $name ENCODING '$encoding' LC_COLLATE '$ctype' LC_CTYPE '$ctype' TEMPLATE template0" >/dev/null
 done
 
 failed=0
@@ -61,10 +64,11 @@ for test in utf8:utf8db latin1:latin1db parallel:paralleldb types:typesdb schema
   fi
 done
 
-for database in utf8db latin1db eucjpdb; do
+for database in utf8db latin1db eucjpdb utf8ctypedb; do
   "${psql[@]}" -d "$database" -c "CREATE EXTENSION IF NOT EXISTS corvinel" >/dev/null
 done
-/usr/bin/python3 "$source/compare_with_tool.py" "$tool" "$module" "$scratch" utf8db latin1db eucjpdb || failed=1
+/usr/bin/python3 "$source/compare_with_tool.py" "$tool" "$module" "$scratch" utf8db latin1db eucjpdb \
+  utf8ctypedb || failed=1
 
 # No backend may have died on the way.
 if grep -q "terminated by signal" "$scratch/server.log"; then

@@ -4,6 +4,8 @@
 -- With the extension installed (README, Inside PostgreSQL):
 --   pg_virtualenv psql -X -f postgres/bench/speed.sql
 CREATE EXTENSION IF NOT EXISTS corvinel;
+-- The formats are fastest where LC_CTYPE speaks UTF-8 in a UTF8 database.
+SELECT current_setting('server_encoding') AS encoding, current_setting('lc_ctype') AS lc_ctype;
 SET TimeZone = 'Europe/Berlin';
 -- Not a temporary table: parallel workers cannot read those.
 DROP TABLE IF EXISTS rows_to_show;
@@ -37,8 +39,11 @@ WITH measured AS (
     (4, 'timestamp',   'nlformat(ts, ''NLDATE20.'', ''de_DE'')', 'to_char(ts, ''DD. TMMonth YYYY'')', 1.0),
     (5, 'timestamptz', 'nlformat(tz, ''NLDATE20.'', ''de_DE'')', 'to_char(ts, ''DD. TMMonth YYYY'')', 1.0),
     (6, 'timestamp',   'to_char(ts, ''DD. TMMonth YYYY'')',      NULL, NULL),
-    (7, 'timestamptz', 'nlformat(tz, ''NLDATMZ40.'', ''de_DE'')', NULL, NULL),
-    (8, 'numeric',     'nlformat(x::numeric, ''NLNUM14.2'', ''de_DE'')', NULL, NULL)
+    (7, 'timestamptz', 'to_char(tz, ''DD. TMMonth YYYY'')',      NULL, NULL),
+    (8, 'timestamptz', 'nlformat(tz, ''NLDATMZ40.'', ''de_DE'')', 'to_char(tz, ''DD. TMMonth YYYY HH24:MI:SS TZHTZM'')', NULL),
+    (9, 'timestamptz', 'to_char(tz, ''DD. TMMonth YYYY HH24:MI:SS TZHTZM'')', NULL, NULL),
+    (10, 'numeric',    'nlformat(x::numeric, ''NLNUM14.2'', ''de_DE'')', 'to_char(x::numeric, ''FM999G999G990D00'')', NULL),
+    (11, 'numeric',    'to_char(x::numeric, ''FM999G999G990D00'')', NULL, NULL)
   ) AS m(n, what, expression, baseline, limit_ratio)
   ORDER BY m.n
 )
