@@ -527,22 +527,6 @@ static Datum out_of_range_call(FunctionCallInfo fcinfo, const Call *call, InputT
   return finish_call(fcinfo, call, &value);
 }
 
-PG_FUNCTION_INFO_V1(corvinel_nlformat_date);
-Datum corvinel_nlformat_date(PG_FUNCTION_ARGS) {
-  Call call;
-  if (!begin_call(fcinfo, &call)) PG_RETURN_NULL();
-  if (PG_ARGISNULL(0)) return missing_call(fcinfo, &call);
-  const DateADT date = PG_GETARG_DATEADT(0);
-  if (DATE_NOT_FINITE(date)) return out_of_range_call(fcinfo, &call, INPUT_DATE, DATE_IS_NOBEGIN(date));
-  struct pg_tm tm;
-  memset(&tm, 0, sizeof tm);
-  j2date(date + POSTGRES_EPOCH_JDATE, &tm.tm_year, &tm.tm_mon, &tm.tm_mday);
-  ModuleValue value = {calendar_value(INPUT_DATE, call.parsed, tm.tm_year, tm.tm_mon, tm.tm_mday, 0),
-                       call.parsed->zone, 0};
-  if (value.has_offset) value.offset = session_offset_at(&tm);
-  return finish_call(fcinfo, &call, &value);
-}
-
 /* A wall-clock time as the format reads it.  The zone formats get
    `offset` when it is known (a timestamptz), else the session zone's
    offset at that wall time. */
@@ -571,18 +555,6 @@ static Datum wall_time_call(FunctionCallInfo fcinfo, const Call *call, InputType
   return finish_call(fcinfo, call, &value);
 }
 
-PG_FUNCTION_INFO_V1(corvinel_nlformat_timestamp);
-Datum corvinel_nlformat_timestamp(PG_FUNCTION_ARGS) {
-  Call call;
-  if (!begin_call(fcinfo, &call)) PG_RETURN_NULL();
-  if (PG_ARGISNULL(0)) return missing_call(fcinfo, &call);
-  const Timestamp stamp = PG_GETARG_TIMESTAMP(0);
-  if (TIMESTAMP_NOT_FINITE(stamp)) {
-    return out_of_range_call(fcinfo, &call, INPUT_TIMESTAMP, TIMESTAMP_IS_NOBEGIN(stamp));
-  }
-  return wall_time_call(fcinfo, &call, INPUT_TIMESTAMP, stamp, NULL);
-}
-
 /* The session zone's offset (seconds east of UTC) at the instant `stamp`,
    remembered with the stretch of time it holds for: from the instant it
    was looked up for to the zone's next change of offset. */
@@ -608,18 +580,11 @@ static bool session_offset_at_instant(CallCache *cache, TimestampTz stamp, int32
   return true;
 }
 
-/* Shown in the session's TimeZone, as timestamptz's output shows it. */
-PG_FUNCTION_INFO_V1(corvinel_nlformat_timestamptz);
-Datum corvinel_nlformat_timestamptz(PG_FUNCTION_ARGS) {
-  Call call;
-  if (!begin_call(fcinfo, &call)) PG_RETURN_NULL();
-  if (PG_ARGISNULL(0)) return missing_call(fcinfo, &call);
-  const TimestampTz stamp = PG_GETARG_TIMESTAMPTZ(0);
-  if (TIMESTAMP_NOT_FINITE(stamp)) {
-    return out_of_range_call(fcinfo, &call, INPUT_TIMESTAMPTZ, TIMESTAMP_IS_NOBEGIN(stamp));
-  }
+/* A timestamptz as the wall time of the session's TimeZone, as its output
+   shows it. */
+static Datum instant_call(FunctionCallInfo fcinfo, const Call *call, TimestampTz stamp) {
   int32_t offset = 0;
-  if (!session_offset_at_instant(call.cache, stamp, &offset)) {
+  if (!session_offset_at_instant(call->cache, stamp, &offset)) {
     /* The zone library has no answer for this instant: the conversion of
        the timestamptz output decides. */
     struct pg_tm tm;
@@ -630,8 +595,41 @@ Datum corvinel_nlformat_timestamptz(PG_FUNCTION_ARGS) {
     }
     offset = -west;
   }
-  return wall_time_call(fcinfo, &call, INPUT_TIMESTAMPTZ, stamp + (int64)offset * USECS_PER_SEC, &offset);
+  return wall_time_call(fcinfo, call, INPUT_TIMESTAMPTZ, stamp + (int64)offset * USECS_PER_SEC, &offset);
 }
+
+/* The date, timestamp and timestamptz overloads.  A date is the wall time
+   of its midnight; dates far outside the module's years are out of range
+   before they are multiplied out. */
+static Datum calendar_overload(FunctionCallInfo fcinfo, InputType input) {
+  Call call;
+  if (!begin_call(fcinfo, &call)) PG_RETURN_NULL();
+  if (PG_ARGISNULL(0)) return missing_call(fcinfo, &call);
+  if (input == INPUT_DATE) {
+    const DateADT date = PG_GETARG_DATEADT(0);
+    const int first = date2j(FIRST_YEAR, 1, 1) - POSTGRES_EPOCH_JDATE;
+    const int after_last = date2j(LAST_YEAR + 1, 1, 1) - POSTGRES_EPOCH_JDATE;
+    if (DATE_NOT_FINITE(date) || date < first || date >= after_last) {
+      return out_of_range_call(fcinfo, &call, input, DATE_IS_NOBEGIN(date) || date < first);
+    }
+    return wall_time_call(fcinfo, &call, input, (Timestamp)date * USECS_PER_DAY, NULL);
+  }
+  const Timestamp stamp = PG_GETARG_TIMESTAMP(0); /* a timestamptz is stored alike */
+  if (TIMESTAMP_NOT_FINITE(stamp)) {
+    return out_of_range_call(fcinfo, &call, input, TIMESTAMP_IS_NOBEGIN(stamp));
+  }
+  if (input == INPUT_TIMESTAMPTZ) return instant_call(fcinfo, &call, stamp);
+  return wall_time_call(fcinfo, &call, input, stamp, NULL);
+}
+
+PG_FUNCTION_INFO_V1(corvinel_nlformat_date);
+Datum corvinel_nlformat_date(PG_FUNCTION_ARGS) { return calendar_overload(fcinfo, INPUT_DATE); }
+
+PG_FUNCTION_INFO_V1(corvinel_nlformat_timestamp);
+Datum corvinel_nlformat_timestamp(PG_FUNCTION_ARGS) { return calendar_overload(fcinfo, INPUT_TIMESTAMP); }
+
+PG_FUNCTION_INFO_V1(corvinel_nlformat_timestamptz);
+Datum corvinel_nlformat_timestamptz(PG_FUNCTION_ARGS) { return calendar_overload(fcinfo, INPUT_TIMESTAMPTZ); }
 
 PG_FUNCTION_INFO_V1(corvinel_nlformat_time);
 Datum corvinel_nlformat_time(PG_FUNCTION_ARGS) {

@@ -5,7 +5,6 @@
      cc -o locale_by_number docs/samples/locale_by_number.c $(pkg-config --cflags --libs corvinel) */
 #include <stdint.h>
 #include <stdio.h>
-#include <string.h>
 
 #include "corvinel/formats.h"
 #include "corvinel/names.h"
@@ -16,14 +15,8 @@ int main(void) {
   if (LocnameToID(name, 5, &locale) != 0) return 1;
   const double value = 1234567.891;
   char field[402];
-  fmtreq request;
-  memset(&request, 0, sizeof request);
-  request.width = 14;
-  request.decimals = 2;
-  request.value = &value;
-  request.output = field;
-  request.capacity = (int32_t)sizeof field;
-  request.locale = (int32_t)locale;
+  fmtreq request = {.width = 14, .decimals = 2, .value = &value, .output = field,
+                    .capacity = (int32_t)sizeof field, .locale = (int32_t)locale};
   if (nlnum(&request) != CORVINEL_OK) return 1;
   printf("locale %u: |%.*s|\n", (unsigned)locale, (int)request.outlen, field);
   return 0;

@@ -4,7 +4,6 @@
      cc -o zone_offset docs/samples/zone_offset.c $(pkg-config --cflags --libs corvinel) */
 #include <stdint.h>
 #include <stdio.h>
-#include <string.h>
 
 #include "corvinel/formats.h"
 #include "corvinel/names.h"
@@ -16,13 +15,8 @@ int main(void) {
   if (LocnameToID(name, 5, &locale) != 0) return 1;
   const double value = 1361709583; /* 24 February 2003 12:39:43, seconds from 1960 */
   char field[402];
-  fmtreq request;
-  memset(&request, 0, sizeof request);
-  request.width = 40;
-  request.value = &value;
-  request.output = field;
-  request.capacity = (int32_t)sizeof field;
-  request.locale = (int32_t)locale;
+  fmtreq request = {.width = 40, .value = &value, .output = field, .capacity = (int32_t)sizeof field,
+                    .locale = (int32_t)locale};
   const int32_t kolkata = 5 * 3600 + 30 * 60; /* seconds east of UTC */
   corvinel_set_zone_offset(&kolkata);
   const int32_t result = nldatmz(&request);
