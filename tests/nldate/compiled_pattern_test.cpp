@@ -312,58 +312,6 @@ void expect_same_attempts(const char *session_name, int32_t locale, nldate::Valu
   }
 }
 
-// The formats round a datetime or time to the attempt's fraction digits
-// before the entry routine rounds it again; at no fraction digits the
-// routine's second rounding is left out, which must change nothing.
-TEST(EntryExpansion, RoundingToWholeSecondsAgainChangesNothing) {
-  std::vector<double> values = {0.0, -0.0, 0.5, -0.5, 1.5, 2.5, 86399.5, 0.49999999999999994,
-                                0x1p51 - 0.5, 0x1p51, 0x1p51 + 1, 0x1p52 - 0.5, 0x1p52 + 2,
-                                -0x1p51 - 0.5, 1e300, -1e300, kMissing, std::nan(""),
-                                std::numeric_limits<double>::infinity(),
-                                -std::numeric_limits<double>::infinity(),
-                                std::numeric_limits<double>::denorm_min()};
-  std::mt19937_64 random(2003);
-  for (int i = 0; i < 20000; ++i) {
-    const double magnitude = std::ldexp(std::generate_canonical<double, 53>(random), i % 60);
-    values.push_back(i % 2 == 0 ? magnitude : -magnitude);
-    values.push_back(std::trunc(magnitude) + 0.5);
-  }
-  const locitem *record = ORBlocaleData[0];
-  const auto bits = [](double x) { return std::bit_cast<uint64_t>(x); };
-  int32_t whole_clocks = 0;
-  for (const nldate::ValueKind kind : {nldate::ValueKind::Datetime, nldate::ValueKind::Time}) {
-    for (const double value : values) {
-      const double rounded = nldate::rounded_to_digits(value, 0);
-      nldate::EntryExpansion once, twice;
-      const int32_t a = once.prepare(kind, record, nullptr, 5, 0, rounded, true);
-      const int32_t b = twice.prepare(kind, record, nullptr, 5, 0, rounded, false);
-      ASSERT_EQ(a, b) << value;
-      if (a != 0) continue;
-      ASSERT_EQ(bits(once.date()), bits(twice.date())) << value;
-      ASSERT_EQ(bits(once.hour()), bits(twice.hour())) << value;
-      ASSERT_EQ(bits(once.minute()), bits(twice.minute())) << value;
-      ASSERT_EQ(bits(once.second()), bits(twice.second())) << value;
-      // The time of day in whole seconds is that of the parts.
-      if (once.whole_clock() >= 0) {
-        ++whole_clocks;
-        ASSERT_LT(once.whole_clock(), 86400) << value;
-        ASSERT_EQ(once.hour(), once.whole_clock() / 3600) << value;
-        ASSERT_EQ(once.minute(), once.whole_clock() % 3600 / 60) << value;
-        ASSERT_EQ(once.second(), once.whole_clock() % 60) << value;
-      }
-      // A time that is not negative (what NLTIME's frame passes) is rounded
-      // by the routine alone.
-      if (kind != nldate::ValueKind::Time || value < 0 || std::signbit(value)) continue;
-      nldate::EntryExpansion alone;
-      ASSERT_EQ(alone.prepare(kind, record, nullptr, 5, 0, value), a) << value;
-      ASSERT_EQ(bits(alone.hour()), bits(once.hour())) << value;
-      ASSERT_EQ(bits(alone.minute()), bits(once.minute())) << value;
-      ASSERT_EQ(bits(alone.second()), bits(once.second())) << value;
-    }
-  }
-  EXPECT_GT(whole_clocks, 1000);
-}
-
 TEST(FieldAttempt, LaysWhatOutputExpansionOfTheInterpretedTextGives) {
   const SavedZone saved;
   setenv("TZ", "UTC0", 1);  // "%z" stays the same between the two paths
