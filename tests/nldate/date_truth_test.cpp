@@ -13,6 +13,7 @@
 #include "corvinel/calendar.h"
 #include "corvinel/locale_db.h"
 #include "corvinel/missing.h"
+#include "corvinel/transcode.h"
 #include "frame/format_catalogue.h"
 #include "frame/registry.h"
 #include "nldate/entry_routines.h"
@@ -191,28 +192,14 @@ std::size_t character_bytes(unsigned char lead) {
   return lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
 }
 
-// A record's text with its "<Uxxxx>" escapes written in UTF-8.
-std::string utf8_of(std::string_view text) {
-  std::string out;
-  for (std::size_t i = 0; i < text.size();) {
-    if (i + 7 <= text.size() && text[i] == '<' && text[i + 1] == 'U' && text[i + 6] == '>') {
-      const auto code = static_cast<uint32_t>(std::stoul(std::string(text.substr(i + 2, 4)), nullptr, 16));
-      if (code < 0x80) {
-        out += static_cast<char>(code);
-      } else if (code < 0x800) {
-        out += static_cast<char>(0xC0 | (code >> 6));
-        out += static_cast<char>(0x80 | (code & 0x3F));
-      } else {
-        out += static_cast<char>(0xE0 | (code >> 12));
-        out += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
-        out += static_cast<char>(0x80 | (code & 0x3F));
-      }
-      i += 7;
-    } else {
-      out += text[i++];
-    }
-  }
-  return out;
+// A record's text with its "<Uxxxx>" escapes in the session's UTF-8.
+std::string utf8_of(std::string text) {
+  int32_t encoding = 0, length = static_cast<int32_t>(text.size());
+  text.resize(4 * text.size() + 8);
+  const auto room = static_cast<int32_t>(text.size());
+  if (getExpResultFromNarrowCharBuf(0, 0, &encoding, text.data(), &length, room, room) > 0) return {};
+  text.resize(static_cast<std::size_t>(length));
+  return text;
 }
 
 // Whether `text` is the whole expansion of one of the locale's date and
