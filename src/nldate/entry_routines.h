@@ -187,15 +187,10 @@ inline int32_t clamp_digits(int32_t digits) noexcept {
       const RoundedSeconds rounded = round_seconds(value, exact);
       // Rounded up past the last second of the range: out of range too.
       if (rounded.seconds >= static_cast<int64_t>(kEndDatetime)) return kValueRejected;
-      int64_t day = rounded.seconds / 86400;
-      int64_t into_day = rounded.seconds % 86400;
-      if (into_day < 0) {
-        into_day += 86400;
-        --day;
-      }
-      if (rounded.units == 0 && day >= 0) whole_clock_ = static_cast<int32_t>(into_day);
-      date_ = static_cast<double>(day);
-      set_clock(into_day, rounded.units, exact);
+      const DaySplit split = split_days(rounded.seconds);
+      if (rounded.units == 0 && split.day >= 0) whole_clock_ = static_cast<int32_t>(split.into_day);
+      date_ = static_cast<double>(split.day);
+      set_clock(split.into_day, rounded.units, exact);
       return 0;
     }
     case ValueKind::Time: {

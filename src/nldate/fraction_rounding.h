@@ -67,6 +67,21 @@ inline RoundedSeconds round_seconds(double value, int32_t digits) noexcept {
   return {-static_cast<int64_t>(whole) - 1, scale - units};
 }
 
+// A count of seconds as its day (the floor, so a negative count lies in a
+// day before 1 January 1960) and the seconds into that day.
+struct DaySplit {
+  int64_t day;
+  int64_t into_day;
+};
+inline DaySplit split_days(int64_t seconds) noexcept {
+  DaySplit split{seconds / 86400, seconds % 86400};
+  if (split.into_day < 0) {
+    split.into_day += 86400;
+    --split.day;
+  }
+  return split;
+}
+
 // The seconds of a rounded value as the writers take them: the second of
 // the minute with its fraction.
 inline double second_with_fraction(int64_t second, uint64_t units, int32_t digits) noexcept {

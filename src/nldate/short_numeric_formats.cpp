@@ -265,17 +265,12 @@ int32_t render_short_datetime(fmtreq &request, double value, DateOrder order,
       const RoundedSeconds rounded =
           round_seconds(value, std::min(digits, kExactFractionDigits));
       if (rounded.seconds >= static_cast<int64_t>(kEndDatetime)) return frame::fill_stars(request);
-      int64_t day = rounded.seconds / 86400;
-      int64_t into_day = rounded.seconds % 86400;
-      if (into_day < 0) {
-        into_day += 86400;
-        --day;
-      }
+      const DaySplit split = split_days(rounded.seconds);
       ShortText text;
       put_date(text, kDateShape, kDateShape.variants[step.date_variant], order, separator,
-               parts_of(static_cast<double>(day)));
+               parts_of(static_cast<double>(split.day)));
       text.put(" ", 1);
-      put_time(text, request.locale, into_day, rounded.units, step.time, digits);
+      put_time(text, request.locale, split.into_day, rounded.units, step.time, digits);
       if (place_at_start(request, text.bytes(), text.length(), Accept::kWhole) <= 0) {
         return CORVINEL_OK;
       }
