@@ -131,25 +131,6 @@ TEST(FractionDigits, FormatsShowTheRoundedValue) {
   unsetenv("ORB_LOCALE");
 }
 
-// The parts the entry routine hands on: a whole time of day is that of the
-// hour, minute and second, whatever the digits.
-TEST(FractionDigits, WholeClockMatchesTheParts) {
-  std::mt19937_64 random(1960);
-  int whole_clocks = 0;
-  for (int i = 0; i < 20000; ++i) {
-    const FractionCase c = fraction_case(random, i);
-    nldate::EntryExpansion entry;
-    if (entry.prepare(c.kind, ORBlocaleData[0], nullptr, 5, c.digits, c.value) != 0) continue;
-    if (entry.whole_clock() < 0) continue;
-    ++whole_clocks;
-    ASSERT_LT(entry.whole_clock(), 86400);
-    ASSERT_EQ(entry.hour(), entry.whole_clock() / 3600) << c.value;
-    ASSERT_EQ(entry.minute(), entry.whole_clock() % 3600 / 60) << c.value;
-    ASSERT_EQ(entry.second(), entry.whole_clock() % 60) << c.value;
-  }
-  EXPECT_GT(whole_clocks, 1000);
-}
-
 // ---------------------------------------------------------------------------
 // No cut texts.  A format that cut a text to its width would show, as the
 // width grows by a byte or two, the same text with one more character; a
