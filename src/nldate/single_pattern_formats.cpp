@@ -9,13 +9,13 @@
 #include <string_view>
 
 #include "corvinel/formats.h"
+#include "encoding/output_expansion.h"
 #include "frame/format_frame.h"
 #include "frame/registry.h"
-#include "locale/output_expansion.h"
 #include "locale/locale_records.h"
 #include "nldate/date_placement.h"
-#include "nldate/field_attempt.h"
 #include "nldate/date_value.h"
+#include "nldate/field_attempt.h"
 #include "nldate/pattern_expander.h"
 #include "nldate/pattern_format.h"
 #include "nldate/short_numeric_form.h"
@@ -154,7 +154,7 @@ int32_t render_single_pattern(fmtreq &request, const SinglePatternFormat &format
       bool placed = false;
       const int32_t result = attempt_in_field(request, expansion, Accept::kWhole, session, placed);
       if (placed) return CORVINEL_OK;
-      if (result < 0 || result > locale::kExpansionShortened) break;
+      if (result < 0 || result > encoding::kExpansionShortened) break;
     }
   }
   return frame::fill_stars(request);
