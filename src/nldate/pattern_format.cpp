@@ -53,7 +53,7 @@ int32_t try_pattern(fmtreq &request, const locitem *record, const AttemptSession
     if (last == kValueRejected) return last;
     if (last != 0) continue;
     bool placed = false;
-    last = attempt_in_field(request, entry, Accept::kWhole, session, placed);
+    last = attempt_in_field(request, entry, session, placed);
     if (placed) return 0;
   }
   return last == 0 ? kExpandTooLong + 1 : last;

@@ -271,7 +271,7 @@ int32_t render_short_datetime(fmtreq &request, double value, DateOrder order,
                parts_of(static_cast<double>(split.day)));
       text.put(" ", 1);
       put_time(text, request.locale, split.into_day, rounded.units, step.time, digits);
-      if (place_at_start(request, text.bytes(), text.length(), Accept::kWhole) <= 0) {
+      if (place_at_start(request, text.bytes(), text.length()) <= 0) {
         return CORVINEL_OK;
       }
     }
@@ -304,7 +304,7 @@ int32_t render_short_numeric(fmtreq &request, ShortForm form, double value) {
   for (int i = 0; i < shape.count; ++i) {
     ShortText text;
     put_date(text, shape, shape.variants[i], order, separator, parts);
-    if (place_at_start(request, text.bytes(), text.length(), Accept::kWhole) <= 0) {
+    if (place_at_start(request, text.bytes(), text.length()) <= 0) {
       return CORVINEL_OK;
     }
   }

@@ -152,7 +152,7 @@ int32_t render_single_pattern(fmtreq &request, const SinglePatternFormat &format
       if (prepared == kValueRejected) return frame::fill_stars(request);
       if (prepared != 0) break;
       bool placed = false;
-      const int32_t result = attempt_in_field(request, expansion, Accept::kWhole, session, placed);
+      const int32_t result = attempt_in_field(request, expansion, session, placed);
       if (placed) return CORVINEL_OK;
       if (result < 0 || result > encoding::kExpansionShortened) break;
     }
