@@ -140,9 +140,24 @@ const Row kRows[] = {
     {"NLTIMAP", 12, 0, "en_US", -1, "11:59:59 PM"},
     {"NLTIMAP", 10, 0, "en_US", -1, "11:59 PM"},
     {"NLTIMAP", 10, 0, "en_GB", kTime, "2:38:52 pm"},  // the unpadded hour of CLDR fits
-    // The single-pattern formats: one pattern, a text cut to the width.
+    // The single-pattern formats: the first entry of the table that fits
+    // whole (datetimes with as many fraction digits as fit), else "*".
     {"NLDATEL", 18, 0, "en_US", kDate, "February 24, 2003"},
-    {"NLDATEL", 10, 0, "en_US", kDate, "February 2"},
+    {"NLDATEL", 12, 0, "en_US", kDate, "Feb 24, 2003"},
+    {"NLDATEL", 10, 0, "en_US", kDate, "02/24/2003"},
+    {"NLDATEL", 2, 0, "en_US", kDate, "**"},
+    {"NLDATEMN", 4, 0, "en_US", kDate, "Feb"},
+    {"NLDATEWN", 4, 0, "en_US", kDate, "Mon"},
+    {"NLDATEWN", 4, 0, "hi_IN", kDate, "****"},  // the walk ends before "uw"
+    {"NLDATEW", 10, 0, "en_US", kDate, "Monday"},
+    {"NLDATMW", 29, 0, "en_US", kDatetime - 20032, "Mon, Nov 19, 2012 09:05:00 AM"},
+    {"NLDATML", 40, 3, "en_US", kDatetime + 0.25, "November 19, 2012 02:38:52.250 PM"},
+    {"NLDATML", 32, 3, "en_US", kDatetime + 0.25, "November 19, 2012 02:38:52.25 PM"},
+    {"NLDATML", 31, 3, "en_US", kDatetime + 0.25, "November 19, 2012 02:38:52.3 PM"},
+    {"NLDATML", 30, 3, "en_US", kDatetime + 0.25, "November 19, 2012 02:38:52 PM"},
+    {"NLDATML", 28, 3, "en_US", kDatetime + 0.25, "Nov 19, 2012 02:38:52.250 PM"},
+    {"NLDATML", 22, 3, "en_US", kDatetime + 0.25, "11/19/2012 02:38:52 PM"},
+    {"NLDATML", 19, 3, "en_US", kDatetime + 0.25, "11/19/2012 14:38:52"},
     {"NLDATEM", 14, 0, "en_US", kDate, "Feb 24, 2003"},
     {"NLDATEM", 20, 0, "th_TH", kDate, "24 ก.พ. 2546"},
     {"NLDATEMN", 9, 0, "pl_PL", kDate, "luty"},
@@ -254,13 +269,13 @@ TEST(DateLimits, RefuseWhenAsked) {
   }
 }
 
-// A value outside the range leaves a single-pattern format's field as the
-// host passed it; a missing value shows its mark at the right edge.
+// A value outside the range fills a single-pattern format's field with
+// "*" as in every other family; a missing value shows its mark at the
+// right edge.
 TEST(DateFormats, OutOfRangeAndMissingValues) {
   Request out(18, 0, -138062, 18);
-  const std::string before = out.field();
   EXPECT_EQ(frame::find_format("NLDATEL")->render(out.get()), 0);
-  EXPECT_EQ(out.field(), before);
+  EXPECT_EQ(out.field(), std::string(18, '*'));
   for (const char *name : {"NLDATE", "NLDATM", "NLTIME", "NLDATEL", "NLDATES", "NLDATMS"}) {
     Request r(10, 2, missing('A'), 10);
     EXPECT_EQ(frame::find_format(name)->render(r.get()), 0);
