@@ -83,19 +83,35 @@ TEST(DateItemRules, NameTheQuarterOnce) {
   EXPECT_EQ(*record[41], "%Q %Y");
 }
 
+// The era's marker stands before each four-digit year, once, in the
+// item's escape letter; two-digit years stay as CLDR writes them.
 TEST(DateItemRules, EraYearsInEveryItemThatShowsAYear) {
   LocaleRecord record = record_with({{28, "%#d %B %Y"}, {29, "%#d/%#m/%y"}, {32, "%A %#d %B <u0E1E>.<u0E28>. %Y"},
-                                     {38, "%+Y"}, {42, "Week %U %Y"}, {43, "W%U %y"}, {53, "%H:%M:%S"}});
+                                     {33, "%a %#d %b %Y"}, {38, "<U0E1E>.<U0E28>. %+Y"}, {42, "Week %U %Y"},
+                                     {43, "W%U %y"}, {53, "%H:%M:%S"}});
   RecordClock clock;
   clock.era_years = true;
   clock.twelve_hour = false;
+  clock.era_marker = "<U0E1E>.<U0E28>.";
   apply_date_item_rules(record, clock, {});
-  EXPECT_EQ(*record[28], "%#d %B %+Y");
-  EXPECT_EQ(*record[29], "%#d/%#m/%+y");
-  EXPECT_EQ(*record[32], "%A %#d %B <u0E1E>.<u0E28>. %+Y");
-  EXPECT_EQ(*record[38], "%+Y");
-  EXPECT_EQ(*record[42] + " " + *record[43], "Week %U %+Y W%U %+y");
-  EXPECT_EQ(*record[47], "%#d/%#m/%+y %H:%M:%S");
+  const struct {
+    int code;
+    const char *pattern;
+  } cases[] = {{28, "%#d %B <U0E1E>.<U0E28>. %+Y"},
+               {29, "%#d/%#m/%+y"},
+               {32, "%A %#d %B <u0E1E>.<u0E28>. %+Y"},
+               {33, "%a %#d %b <u0E1E>.<u0E28>. %+Y"},
+               {38, "<U0E1E>.<U0E28>. %+Y"},
+               {42, "Week %U <U0E1E>.<U0E28>. %+Y"},
+               {43, "W%U %+y"},
+               {46, "%#d %B <U0E1E>.<U0E28>. %+Y %H:%M:%S"},
+               {47, "%#d/%#m/%+y %H:%M:%S"}};
+  for (const auto &c : cases) EXPECT_EQ(*record[c.code], c.pattern) << c.code;
+  EXPECT_TRUE(date_item_problems(record, clock, {}).empty());
+  // Outside the short items an unmarked era year is refused.
+  for (const auto &[code, problems] : {std::pair{30, 1u}, std::pair{35, 0u}}) {
+    EXPECT_EQ(date_item_problems(record_with({{code, "%#d %b %+Y"}}), clock, {}).size(), problems) << code;
+  }
 }
 
 TEST(DateItemRules, DatetimesJoinTheDateAndTheLocalesClock) {
@@ -192,6 +208,36 @@ TEST(ShortItems, TakeTheFirstShorterSkeletonThatFits) {
             "51 abbreviated; ");
   EXPECT_TRUE(short_item_overflows(record, {29, 47}).empty());
   EXPECT_EQ(short_item_overflows(record, {47}), std::vector<std::string>{"item 29 (NLDATE): 24 bytes > 20"});
+}
+
+// In a record of another era a short item drops the era's marker only where
+// it does not fit with it; a datetime whose 12-hour day periods overflow
+// every date part takes the 24-hour time.
+TEST(ShortItems, DropTheEraMarkerOrTheTwelveHourClockLast) {
+  LocaleRecord record = named_record();
+  record[item::kAm] = record[item::kPm] = "<U0B95><U0BBE><U0BB2><U0BC8><U0B95><U0BBE><U0BB2><U0BC8>";  // 24 bytes
+  record[33] = "%a, %#d %b %Y";
+  record[35] = "%#b %Y";   // "Abc X.Y. 2546": 8 + 9 bytes with the marker
+  record[41] = "%q %Y";    // the narrow quarter fits with it
+  record[52] = "%#I:%M:%S %p";
+  record[53] = "%H:%M:%S";
+  RecordClock clock;
+  clock.era_years = true;
+  clock.era_marker = "<U0E1E>.<U0E28>.";
+  clock.shorter = {{41, "%q %Y", "numeric quarter", true},
+                   {51, "%#d/%#m/%Y", "numeric date"},
+                   {51, "%#d/%#m/%Y", "24-hour time", false, true}};
+  clock.narrow_quarters = {"1", "2", "3", "4"};
+  const auto changes = apply_date_item_rules(record, clock, {});
+  EXPECT_EQ(*record[35], "%#b %+Y");
+  EXPECT_EQ(*record[41], "%q <U0E1E>.<U0E28>. %+Y");
+  EXPECT_EQ(*record[51], "%#d/%#m/<u0E1E>.<u0E28>. %+Y %H:%M:%S");  // 34 bytes with the zone
+  std::string rules;
+  for (const DateRuleChange &c : changes) {
+    if (c.rule.starts_with("short items fit: ") && c.item != 41 && c.item < 135) rules += c.rule.substr(17) + "; ";
+  }
+  EXPECT_EQ(rules, "the era marker makes it too long for NLDATEYM's 16 bytes: the era's year without it; 24-hour time; ");
+  EXPECT_EQ(short_item_overflows(record, {}), std::vector<std::string>{"item 52 (NLTIMAP): 32 bytes > 10"});
 }
 
 }  // namespace

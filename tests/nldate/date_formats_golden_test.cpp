@@ -61,7 +61,9 @@ const Row kRows[] = {
     // The width counts the 17 bytes of UTF-8; the 11 units take 22 of the 40.
     {"NLDATE", 20, 0, "ja_JP", kDate, "2003年02月24日", U16},
     {"NLDATE", 10, 0, "th_TH", kDate, "24/2/46"},
-    {"NLDATE", 40, 0, "th_TH", kDate, "24 กุมภาพันธ์ 2546"},
+    // The Buddhist year after its era's marker: the long date takes 47 bytes.
+    {"NLDATE", 47, 0, "th_TH", kDate, "24 กุมภาพันธ์ พ.ศ. 2546"},
+    {"NLDATE", 46, 0, "th_TH", kDate, "24/2/46"},
     {"NLDATEM", 14, 0, "cs_CZ", kDate, "24. 2. 2003"},
     {"NLDATE", 10, 0, "ar_DZ", kDate, "2003/02/24"},
     {"NLDATE", 30, 0, "ru_RU", kDate, "24 февраля 2003 г."},
@@ -159,7 +161,7 @@ const Row kRows[] = {
     {"NLDATML", 22, 3, "en_US", kDatetime + 0.25, "11/19/2012 02:38:52 PM"},
     {"NLDATML", 19, 3, "en_US", kDatetime + 0.25, "11/19/2012 14:38:52"},
     {"NLDATEM", 14, 0, "en_US", kDate, "Feb 24, 2003"},
-    {"NLDATEM", 20, 0, "th_TH", kDate, "24 ก.พ. 2546"},
+    {"NLDATEM", 26, 0, "th_TH", kDate, "24 ก.พ. พ.ศ. 2546"},
     {"NLDATEMN", 9, 0, "pl_PL", kDate, "luty"},
     {"NLDATEMN", 9, 0, "fi_FI", kDate, "helmikuu"},
     {"NLDATEWN", 9, 0, "de_DE", kDate, "Montag"},

@@ -5,6 +5,7 @@
 // numbers in ISO-style weeks, and short items that fit their formats.
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <string>
 #include <vector>
 
@@ -109,7 +110,7 @@ TEST(LocaleDateItems, TextsAsTheLocaleWritesThem) {
       {"Chinese_China", 43, day_number(2008, 12, 29), "09-W01"},
       {"Hebrew_Israel", 53, k5Mar2003, "9:05:03"},
       {"Thai_Thailand", 29, day_number(2003, 2, 24), "24/2/46"},
-      {"Thai_Thailand", 42, day_number(2003, 2, 24), "Week 08 2546"},
+      {"Thai_Thailand", 42, day_number(2003, 2, 24), "Week 08 <U0E1E>.<U0E28>. 2546"},
       {"Russian_Russia", 35, day_number(2012, 11, 19), "11.2012"},
   };
   for (const auto &c : cases) {
@@ -132,6 +133,15 @@ TEST(LocaleDateItems, ThaiYearsAreBuddhist) {
     const std::string text = expand_text(thai, pattern, day_number(2003, 2, 24), 9, 5, 3).text;
     EXPECT_EQ(text.find("2003"), std::string::npos) << code << " " << text;
     EXPECT_TRUE(text.find("2546") != std::string::npos || text.find("46") != std::string::npos) << code << " " << text;
+    // The four-digit year after the era's marker, but in the short items
+    // the marker would make too long.
+    std::string lower = text;
+    for (char &ch : lower) ch = static_cast<char>(std::tolower(static_cast<unsigned char>(ch)));
+    const bool marked = lower.find("<u0e1e>.<u0e28>. 2546") != std::string::npos;
+    const bool dropped = code == 35 || code == 51;
+    if (text.find("2546") != std::string::npos) {
+      EXPECT_NE(marked, dropped) << code << " " << text;
+    }
   }
   EXPECT_GT(with_year, 20);
 }
@@ -159,8 +169,7 @@ TEST(LocaleDateItems, ShortItemsFitTheirFormats) {
   } short_items[] = {{29, 20}, {35, 16}, {37, 16}, {39, 16}, {41, 16}, {43, 16}, {51, 40 - 6}};
   for (int32_t record = 1; record <= CORVINEL_LOCALE_RECORDS; ++record) {
     for (const auto &s : short_items) {
-      // Tamil's day periods alone overflow the weekday datetime.
-      if (stated(record, s.code) || (s.code == 51 && item(record, 0) == "Tamil_India")) continue;
+      if (stated(record, s.code)) continue;
       for (const double date : {day_number(2003, 2, 24), day_number(2012, 11, 19), day_number(2003, 9, 27)}) {
         const std::string text = expand_text(record, item(record, s.code), date, 16, 24, 43).text;
         EXPECT_LE(utf8_bytes(text), s.width) << item(record, 0) << " " << s.code << " " << text;

@@ -173,15 +173,63 @@ bool iso_style_week_misnumbered(const std::string &pattern) {
   return false;
 }
 
-// "%Y" and "%y" with the era flag.
-std::string with_era_years(const std::string &pattern) {
+// The bytes of `pattern` before `end` that spell the era marker and a
+// blank, in either case of the escape letter; 0 when they do not.
+std::size_t marker_before(const std::string &pattern, std::size_t end, const std::string &marker) {
+  if (marker.empty()) return 0;
+  const std::vector<std::string> before = units_of(pattern.substr(0, end));
+  const std::vector<std::string> wanted = units_of(marker + " ");
+  if (before.size() < wanted.size() || !std::equal(wanted.begin(), wanted.end(), before.end() - wanted.size())) {
+    return 0;
+  }
+  std::size_t bytes = 0;
+  for (auto it = before.end() - wanted.size(); it != before.end(); ++it) bytes += it->size() == 1 ? 1 : 7;
+  return bytes;
+}
+
+bool four_digit_year(const std::string &pattern, const Directive &d) { return pattern[d.letter] == 'Y'; }
+
+// "%Y" and "%y" with the era flag, and the era's marker before a
+// four-digit year as CLDR's Thai Buddhist patterns with an era place it
+// ("d MMMM G y", "MMM G y", "EEE d MMM G y": "G y").  A two-digit year
+// ("d/M/yy") stays as CLDR writes it.  `letter`: the escape letter of
+// the item.
+std::string with_era_years(const std::string &pattern, const std::string &marker, char letter) {
   std::string out = pattern;
   const std::vector<Directive> found = directives_of(pattern);
   for (auto it = found.rbegin(); it != found.rend(); ++it) {
-    const char letter = pattern[it->letter];
-    if ((letter == 'Y' || letter == 'y') && !has_flag(pattern, *it, '+')) out.insert(it->letter, "+");
+    const char year = pattern[it->letter];
+    if (year != 'Y' && year != 'y') continue;
+    if (!has_flag(pattern, *it, '+')) out.insert(it->letter, "+");
+    if (four_digit_year(pattern, *it) && !marker.empty() && marker_before(pattern, it->start, marker) == 0) {
+      std::string spelt = marker;
+      for (std::size_t i = 0; i + 6 < spelt.size(); ++i) {
+        if (spelt[i] == '<' && (spelt[i + 1] == 'U' || spelt[i + 1] == 'u') && spelt[i + 6] == '>') spelt[i + 1] = letter;
+      }
+      out.insert(it->start, spelt + " ");
+    }
   }
   return out;
+}
+
+// The era's marker taken from before each four-digit year.
+std::string without_era_marker(const std::string &pattern, const std::string &marker) {
+  std::string out = pattern;
+  const std::vector<Directive> found = directives_of(pattern);
+  for (auto it = found.rbegin(); it != found.rend(); ++it) {
+    if (!four_digit_year(pattern, *it)) continue;
+    const std::size_t bytes = marker_before(pattern, it->start, marker);
+    out.erase(it->start - bytes, bytes);
+  }
+  return out;
+}
+
+// A four-digit year of the locale's era without the era's marker.
+bool era_year_unmarked(const std::string &pattern, const std::string &marker) {
+  for (const Directive &d : directives_of(pattern)) {
+    if (four_digit_year(pattern, d) && marker_before(pattern, d.start, marker) == 0) return true;
+  }
+  return false;
 }
 
 // The escape letter of a whole item: "<u" for the long composite items.
@@ -195,6 +243,14 @@ std::string with_escape_letter(std::string text, char letter) {
 bool lower_escape_item(int code) {
   return code == 44 || code == 45 || (code >= 48 && code <= 51);
 }
+
+bool short_item(int code) {
+  const std::vector<ShortItem> &items = short_items();
+  return std::any_of(items.begin(), items.end(), [&](const ShortItem &entry) { return entry.item == code; });
+}
+
+// The long date items that write their characters with "<u" too.
+char escape_letter_of(int code) { return code == 32 || code == 33 || lower_escape_item(code) ? 'u' : 'U'; }
 
 bool names_twelve_hour(const std::string &pattern) {
   for (const Directive &d : directives_of(pattern)) {
@@ -218,7 +274,9 @@ std::vector<DateRuleChange> apply_date_item_rules(LocaleRecord &record, const Re
   // the years of the locale's era.
   const auto finished_date = [&](int code, std::string pattern) {
     if (code == 40 || code == 41) pattern = without_repeated_quarter_words(record, pattern);
-    if (clock.era_years && code <= kLastYearItem) pattern = with_era_years(pattern);
+    if (clock.era_years && code <= kLastYearItem) {
+      pattern = with_era_years(pattern, clock.era_marker, escape_letter_of(code));
+    }
     return pattern;
   };
 
@@ -227,7 +285,10 @@ std::vector<DateRuleChange> apply_date_item_rules(LocaleRecord &record, const Re
   }
   if (clock.era_years) {
     for (int code = kFirstDateItem; code <= kLastYearItem; ++code) {
-      if (record[code]) change("era years of the locale's calendar", code, with_era_years(*record[code]));
+      if (record[code]) {
+        change("era years of the locale's calendar", code,
+               with_era_years(*record[code], clock.era_marker, escape_letter_of(code)));
+      }
     }
   }
 
@@ -259,15 +320,22 @@ std::vector<DateRuleChange> apply_date_item_rules(LocaleRecord &record, const Re
   }
 
   // Short items wider than their formats' default widths take CLDR's next
-  // shorter skeleton that fits.
+  // shorter skeleton that fits.  In a record of another era, each pattern
+  // is tried with the era's marker before its year, then without it.
   for (const ShortItem &entry : short_items()) {
     const int code = entry.item;
     if (is_fixed(code) || !record[code]) continue;
-    const auto fits = [&](const std::string &pattern) {
-      return widest_bytes(pattern, record, code == kTwelveHourTime) + entry.suffix <=
+    const auto fits = [&](const std::string &pattern, const LocaleRecord &names) {
+      return widest_bytes(pattern, names, code == kTwelveHourTime) + entry.suffix <=
              static_cast<std::size_t>(entry.width);
     };
-    if (fits(*record[code])) continue;
+    const std::string unmarked_reason = without_era_marker_reason(entry);
+    const auto unmarked = [&](const std::string &pattern) { return without_era_marker(pattern, clock.era_marker); };
+    if (fits(*record[code], record)) continue;
+    if (clock.era_years && fits(unmarked(*record[code]), record)) {
+      change("short items fit: " + unmarked_reason, code, unmarked(*record[code]));
+      continue;
+    }
     for (const ShorterPattern &shorter : clock.shorter) {
       if (shorter.item != code) continue;
       LocaleRecord numeric;  // the record with the narrow quarter names
@@ -277,18 +345,21 @@ std::vector<DateRuleChange> apply_date_item_rules(LocaleRecord &record, const Re
         for (int i = 0; i < 4; ++i) numeric[item::kQuartersAbbreviated + i] = clock.narrow_quarters[i];
       }
       const LocaleRecord &names = shorter.numeric_quarter ? numeric : record;
-      const auto fits_names = [&](const std::string &pattern) {
-        return widest_bytes(pattern, names, code == kTwelveHourTime) + entry.suffix <= static_cast<std::size_t>(entry.width);
-      };
       const auto datetime = std::find_if(std::begin(kJoins), std::end(kJoins), [&](const auto &j) { return j.code == code; });
       std::string pattern;
       if (datetime != std::end(kJoins)) {
-        pattern = joined(code, without_blank_padding(finished_date(datetime->date, shorter.pattern)), datetime->time);
+        const int time = shorter.twenty_four_hour ? kTwentyFourHourTime : datetime->time;
+        if (!record[time]) continue;
+        pattern = joined(code, without_blank_padding(finished_date(datetime->date, shorter.pattern)), time);
       } else {
         pattern = finished_date(code, shorter.pattern);
       }
-      if (!fits_names(pattern)) continue;
-      const std::string rule = std::string("short items fit: ") + shorter.reason;
+      std::string rule = std::string("short items fit: ") + shorter.reason;
+      if (!fits(pattern, names)) {
+        if (!clock.era_years || !fits(unmarked(pattern), names)) continue;
+        pattern = unmarked(pattern);
+        rule += "; " + unmarked_reason;
+      }
       if (shorter.numeric_quarter) {
         for (int i = 0; i < 4; ++i) change(rule, item::kQuartersAbbreviated + i, clock.narrow_quarters[i]);
       }
@@ -313,6 +384,9 @@ std::vector<std::string> date_item_problems(const LocaleRecord &record, const Re
     if (pattern.find("  ") != std::string::npos) problem(code, "writes two blanks in a row");
     if (iso_style_week_misnumbered(pattern)) problem(code, "writes an ISO-style week date not numbered as ISO weeks");
     if (clock.era_years && code <= kLastYearItem && year_without_era(pattern)) problem(code, "shows a Gregorian year");
+    if (clock.era_years && !clock.era_marker.empty() && !short_item(code) && era_year_unmarked(pattern, clock.era_marker)) {
+      problem(code, "shows the era's year without its marker");
+    }
     if (clock.era_years && !clock.gregorian_marker.empty() &&
         with_escape_letter(pattern, 'U').find(clock.gregorian_marker) != std::string::npos) {
       problem(code, "names the common era");

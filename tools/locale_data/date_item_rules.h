@@ -21,12 +21,14 @@ struct ShorterPattern {
   std::string pattern;
   const char *reason;
   bool numeric_quarter = false;  // needs the narrow quarter names below
+  bool twenty_four_hour = false;  // a datetime joined with item 53's 24-hour time
 };
 
 struct RecordClock {
   bool twelve_hour = true;      // the locale's own clock
   bool era_years = false;       // its default calendar counts another era (Buddhist)
   std::string gregorian_marker;  // the era name that marks a Gregorian year, escaped
+  std::string era_marker;        // with era_years: the name of the locale's era, escaped
   std::vector<ShorterPattern> shorter;  // in the order of the short item table
   std::vector<std::string> narrow_quarters;  // CLDR's narrow quarter names, escaped
 };
@@ -46,8 +48,9 @@ std::vector<DateRuleChange> apply_date_item_rules(LocaleRecord &record, const Re
 // What the record's date items (those not in `fixed`) break: a number
 // padded with a blank, two blanks in a row, a quarter pattern that repeats
 // words of the quarter names, a 12-hour marker where the locale keeps a
-// 24-hour clock, a Gregorian year in a record of another era, an ISO-style
-// week date not numbered as ISO weeks.
+// 24-hour clock, a Gregorian year in a record of another era, a four-digit
+// year of that era without its marker outside the short items, an
+// ISO-style week date not numbered as ISO weeks.
 std::vector<std::string> date_item_problems(const LocaleRecord &record, const RecordClock &clock,
                                             const std::vector<int> &fixed);
 

@@ -170,6 +170,7 @@ LocaleRecord build_record(const RecordSource &source, GlibcLocales &glibc, Recor
     clock.twelve_hour = clock.twelve_hour || own_time.find(hour) != std::u16string::npos;
   }
   clock.era_years = cldr.default_calendar() == "buddhist";
+  if (clock.era_years) clock.era_marker = ascii(era);
   clock.gregorian_marker = ascii(cldr.gregorian_era_name());
   patterns[54] = convert(cldr.best_pattern(clock.twelve_hour ? "hmm" : "Hmm"), padded);
   patterns[55] = patterns[clock.twelve_hour ? 52 : 53];
@@ -213,7 +214,8 @@ LocaleRecord build_record(const RecordSource &source, GlibcLocales &glibc, Recor
         replace_all("%Q", "%q");
       }
       if (shorter.use == SkeletonUse::kStandaloneQuarter) replace_all("%q", "%#q");
-      clock.shorter.push_back({entry.item, pattern, shorter.reason, shorter.use == SkeletonUse::kNumericQuarter});
+      clock.shorter.push_back({entry.item, pattern, shorter.reason, shorter.use == SkeletonUse::kNumericQuarter,
+                               shorter.twenty_four_hour});
     }
   }
   for (const std::u16string &name : cldr.quarters(NameContext::kFormat, NameWidth::kNarrow)) {

@@ -165,17 +165,24 @@ const std::vector<ShortItem> &short_items() {
       {43, 16, 0, "NLDATEYW", {}},
       // The datetimes' time is the locale's clock; where its day-period
       // names alone overflow (Tamil), no date part helps and NLDATM falls
-      // back to its short form.
+      // back to its short form.  NLDATMWZ has no fallback: its last step
+      // writes the time in CLDR's 24-hour skeleton.
       {47, 30, 0, "NLDATM", {}},
       {51, 40, 6, "NLDATMWZ",
        {{"yMEd", kAsIs, "the month name makes the weekday datetime too long for NLDATMWZ's 40 bytes with its zone: numeric month"},
-        {"yMd", kAsIs, "even the abbreviated weekday makes it too long for NLDATMWZ's 40 bytes with its zone: the numeric date"}}},
+        {"yMd", kAsIs, "even the abbreviated weekday makes it too long for NLDATMWZ's 40 bytes with its zone: the numeric date"},
+        {"yMd", kAsIs, "the day-period names make even the numeric date too long for NLDATMWZ's 40 bytes with its zone: 24-hour time", true}}},
       // No shorter skeleton keeps the seconds; where the day-period names
       // are long, NLTIMAP falls back to the classic time at width 10.
       {52, 10, 0, "NLTIMAP", {}},
       {53, 20, 0, "NLTIME", {}},
   };
   return items;
+}
+
+std::string without_era_marker_reason(const ShortItem &entry) {
+  return std::string("the era marker makes it too long for ") + entry.format + "'s " + std::to_string(entry.width) +
+         " bytes" + (entry.suffix != 0 ? " with its zone" : "") + ": the era's year without it";
 }
 
 std::size_t widest_bytes(const std::string &pattern, const LocaleRecord &record, bool one_digit_hour) {

@@ -25,6 +25,9 @@ struct ShorterSkeleton {
   const char *skeleton;  // CLDR skeleton of the date part ("yMEd")
   SkeletonUse use;
   const char *reason;    // why it is taken, for the report and the change list
+  // A datetime's time in CLDR's 24-hour skeleton ("H", item 53) instead of
+  // the locale's 12-hour clock, whose day-period names may be too long.
+  bool twenty_four_hour = false;
 };
 
 struct ShortItem {
@@ -36,6 +39,10 @@ struct ShortItem {
 };
 
 const std::vector<ShortItem> &short_items();
+
+// Why a short item of a record whose calendar counts another era shows the
+// era's year without the era's marker ("B.E. 2546" as "2546").
+std::string without_era_marker_reason(const ShortItem &entry);
 
 // The most UTF-8 bytes the escaped pattern can expand to in the record:
 // the longest name of each name set it uses, four-digit years, two-digit
