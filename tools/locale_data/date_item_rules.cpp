@@ -173,6 +173,14 @@ bool iso_style_week_misnumbered(const std::string &pattern) {
   return false;
 }
 
+// The escape letter of a whole item: "<u" for the long composite items.
+std::string with_escape_letter(std::string text, char letter) {
+  for (std::size_t i = 0; i + 6 < text.size(); ++i) {
+    if (text[i] == '<' && (text[i + 1] == 'U' || text[i + 1] == 'u') && text[i + 6] == '>') text[i + 1] = letter;
+  }
+  return text;
+}
+
 // The bytes of `pattern` before `end` that spell the era marker and a
 // blank, in either case of the escape letter; 0 when they do not.
 std::size_t marker_before(const std::string &pattern, std::size_t end, const std::string &marker) {
@@ -202,11 +210,7 @@ std::string with_era_years(const std::string &pattern, const std::string &marker
     if (year != 'Y' && year != 'y') continue;
     if (!has_flag(pattern, *it, '+')) out.insert(it->letter, "+");
     if (four_digit_year(pattern, *it) && !marker.empty() && marker_before(pattern, it->start, marker) == 0) {
-      std::string spelt = marker;
-      for (std::size_t i = 0; i + 6 < spelt.size(); ++i) {
-        if (spelt[i] == '<' && (spelt[i + 1] == 'U' || spelt[i + 1] == 'u') && spelt[i + 6] == '>') spelt[i + 1] = letter;
-      }
-      out.insert(it->start, spelt + " ");
+      out.insert(it->start, with_escape_letter(marker, letter) + " ");
     }
   }
   return out;
@@ -230,14 +234,6 @@ bool era_year_unmarked(const std::string &pattern, const std::string &marker) {
     if (four_digit_year(pattern, d) && marker_before(pattern, d.start, marker) == 0) return true;
   }
   return false;
-}
-
-// The escape letter of a whole item: "<u" for the long composite items.
-std::string with_escape_letter(std::string text, char letter) {
-  for (std::size_t i = 0; i + 6 < text.size(); ++i) {
-    if (text[i] == '<' && (text[i + 1] == 'U' || text[i + 1] == 'u') && text[i + 6] == '>') text[i + 1] = letter;
-  }
-  return text;
 }
 
 bool lower_escape_item(int code) {
