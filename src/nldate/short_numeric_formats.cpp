@@ -14,6 +14,7 @@
 #include "nldate/date_frame.h"
 #include "nldate/date_placement.h"
 #include "nldate/entry_routines.h"
+#include "nldate/expansion_steps.h"
 #include "nldate/fraction_rounding.h"
 #include "nldate/pattern_expander.h"
 #include "nldate/short_numeric_form.h"
@@ -120,23 +121,37 @@ class ShortText {
   bool overflow_ = false;
 };
 
-// The parts of a date value, and the locale's order and separator.
-struct DateParts {
-  int64_t year, month, day, quarter;
-};
-
-DateParts parts_of(double date) {
-  int32_t month = 0, day = 0, year = 0;
-  getMonthDayYear(&month, &day, &year, date);
-  return {year, month, day, (month - 1) / 3 + 1};
-}
-
 std::string_view item_text(const locitem *record, int32_t item) {
   if (record == nullptr || record[item].text == nullptr || record[item].length <= 0 ||
       record[item].length > CORVINEL_LOCALE_TEXT) {
     return {};
   }
   return {record[item].text, static_cast<std::size_t>(record[item].length)};
+}
+
+// The calendar whose years the short forms show: the Buddhist era for a
+// record of region "TH", whose everyday calendar counts those years (its
+// items write them through "%+Y"); the Gregorian years everywhere else.
+// The Taiwanese and Japanese eras appear only where an item asks for them,
+// so their short forms stay Gregorian.
+Era short_form_era(const locitem *record) {
+  const Era era = era_of_region(item_text(record, kRegionCode));
+  return era == Era::kThai ? era : Era::kGregorian;
+}
+
+// The parts of a date value, its year counted in `era`.
+struct DateParts {
+  int64_t year, month, day, quarter;
+};
+
+DateParts parts_of(double date, Era era) {
+  int32_t month = 0, day = 0, year = 0;
+  getMonthDayYear(&month, &day, &year, date);
+  const int64_t shown =
+      era == Era::kGregorian
+          ? year
+          : static_cast<int64_t>(era_year(era, static_cast<double>(year), date));
+  return {shown, month, day, (month - 1) / 3 + 1};
 }
 
 void put_date(ShortText &text, const FormShape &shape, const DateVariant &variant,
@@ -248,7 +263,7 @@ bool is_datetime_form(ShortForm form) {
 // order: fraction digits one by one, then the date (two-digit year, then
 // no separators), then the time (hh:mm, then hh).
 int32_t render_short_datetime(fmtreq &request, double value, DateOrder order,
-                              std::string_view separator) {
+                              std::string_view separator, Era era) {
   struct Step {
     int8_t date_variant;  // index into kDateShape.variants
     TimeVariant time;
@@ -268,7 +283,7 @@ int32_t render_short_datetime(fmtreq &request, double value, DateOrder order,
       const DaySplit split = split_days(rounded.seconds);
       ShortText text;
       put_date(text, kDateShape, kDateShape.variants[step.date_variant], order, separator,
-               parts_of(static_cast<double>(split.day)));
+               parts_of(static_cast<double>(split.day), era));
       text.put(" ", 1);
       put_time(text, request.locale, split.into_day, rounded.units, step.time, digits);
       if (place_at_start(request, text.bytes(), text.length()) <= 0) {
@@ -295,12 +310,13 @@ int32_t render_short_numeric(fmtreq &request, ShortForm form, double value) {
   const locitem *record = locale::select_record(request.locale);
   const DateOrder order = mdy_order(request.locale);
   const std::string_view separator = item_text(record, kDateSeparatorItem);
+  const Era era = short_form_era(record);
   if (form == ShortForm::DatetimeSeconds) {
-    return render_short_datetime(request, value, order, separator);
+    return render_short_datetime(request, value, order, separator, era);
   }
   const double date = is_datetime_form(form) ? zdatprt(value) : value;
   const FormShape &shape = shape_of(form);
-  const DateParts parts = parts_of(date);
+  const DateParts parts = parts_of(date, era);
   for (int i = 0; i < shape.count; ++i) {
     ShortText text;
     put_date(text, shape, shape.variants[i], order, separator, parts);

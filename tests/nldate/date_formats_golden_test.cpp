@@ -190,6 +190,14 @@ const Row kRows[] = {
     {"NLDATES", 11, 0, "en_US", 6589335, "12/31/20000"},
     {"NLDATES", 10, 0, "en_US", 6589335, "12/31/00"},
     {"NLDATES", 10, 0, "en_US", -138061, "01/01/1582"},
+    // th_TH counts Buddhist years (Gregorian + 543) at both ends of the
+    // range; zh_TW and ja_JP keep Gregorian short forms.
+    {"NLDATES", 11, 0, "th_TH", 6589335, "31/12/20543"},
+    {"NLDATES", 10, 0, "th_TH", 6589335, "31/12/43"},
+    {"NLDATES", 10, 0, "th_TH", -138061, "01/01/2125"},
+    {"NLDATEYQS", 4, 0, "th_TH", 19316, "55/4"},
+    {"NLDATMS", 19, 0, "th_TH", kDatetime, "19/11/2555 14:38:52"},
+    {"NLDATES", 10, 0, "zh_TW", 19316, "2012/11/19"},
     {"NLDATEYMS", 7, 0, "en_US", 19316, "11/2012"},
     {"NLDATEYMS", 6, 0, "de_DE", 19316, "11.12"},
     {"NLDATEYMS", 7, 0, "ja_JP", 19316, "2012/11"},

@@ -260,5 +260,62 @@ TEST_P(NoCutTexts, AtAnyWidth) {
 INSTANTIATE_TEST_SUITE_P(DateFamily, NoCutTexts, ::testing::ValuesIn(date_family()),
                          [](const auto &info) { return info.param.name; });
 
+// ---------------------------------------------------------------------------
+// th_TH counts Buddhist years everywhere: no date or datetime format, at its
+// default width or wider, writes the Gregorian year (in full, as two digits
+// or inside an undelimited date) or the AD marker.
+
+// Whether a run of digits holds the year `full` (four digits) or its two
+// digits `two` as a year: alone, or at either end of an undelimited date.
+bool shows_year(std::string_view run, std::string_view full, std::string_view two) {
+  if (run.find(full) != std::string_view::npos) return true;
+  if (run.size() == 2) return run == two;
+  return run.size() == 6 && (run.starts_with(two) || run.ends_with(two));
+}
+
+bool any_run_shows_year(const std::string &text, std::string_view full, std::string_view two) {
+  std::size_t i = 0;
+  while ((i = text.find_first_of("0123456789", i)) != std::string::npos) {
+    const std::size_t end = std::min(text.find_first_not_of("0123456789", i), text.size());
+    if (shows_year(std::string_view(text).substr(i, end - i), full, two)) return true;
+    i = end;
+  }
+  return false;
+}
+
+TEST(BuddhistYears, ThaiDatesNeverShowTheGregorianYear) {
+  const struct {
+    double day;
+    const char *gregorian, *gregorian_two, *buddhist, *buddhist_two;
+  } kDates[] = {{day_number(2003, 2, 24), "2003", "03", "2546", "46"},
+                {day_number(2012, 11, 19), "2012", "12", "2555", "55"}};
+  constexpr double kClockOfDay = 32707;  // 09:05:07: no digit run looks like a year
+  constexpr std::string_view kAdMarker = "\xe0\xb8\x84.\xe0\xb8\xa8.";  // "ค.ศ."
+  ScopedSessionLocale session(kUtf8Locale);
+  ASSERT_TRUE(session.active());
+  setenv("ORB_LOCALE", "th_TH", 1);
+  int buddhist_shown = 0;
+  for (const FormatCase &c : date_family()) {
+    if (c.family.starts_with("time")) continue;
+    const bool datetime =
+        c.family.find("datetime") != std::string::npos || c.name.starts_with("NLDATM");
+    for (const int32_t width : {c.defw, c.defw + 3, 24, 32, 40, 60}) {
+      if (width < c.minw) continue;
+      for (const auto &date : kDates) {
+        Request r(width, 0, datetime ? date.day * 86400 + kClockOfDay : date.day);
+        EXPECT_EQ(c.render(r.get()), 0) << c.name << width;
+        const std::string text = r.text();
+        EXPECT_FALSE(any_run_shows_year(text, date.gregorian, date.gregorian_two) ||
+                     text.find(kAdMarker) != std::string::npos)
+            << c.name << width << ". shows \"" << text << "\"";
+        buddhist_shown += any_run_shows_year(text, date.buddhist, date.buddhist_two);
+      }
+    }
+  }
+  unsetenv("ORB_LOCALE");
+  // Most of the formats show a year at most of these widths.
+  EXPECT_GT(buddhist_shown, 300);
+}
+
 }  // namespace
 }  // namespace corvinel::testing
