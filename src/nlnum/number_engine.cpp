@@ -20,9 +20,14 @@
 namespace corvinel::nlnum {
 namespace {
 
-// What the attempts have learnt so far.
+// What the attempts have learnt so far.  The fixed texts come first, with
+// fewer and fewer decimals; only when even the integer part does not fit
+// do the exponent texts follow, from the first decimals again: plain digits
+// keep more of the value than an exponent text of the same width.
 struct FittingState {
   int decimals;
+  const int requested_decimals = decimals;
+  bool exponent = false;          // the fixed texts are done: exponent texts only
   bool grouping_allowed = true;
   bool grouped = false;           // some attempt wrote a group separator
   bool leading_zero = false;      // some text with decimals began "0."
@@ -34,6 +39,17 @@ struct FittingState {
   bool adjust(int result_length, int width) {
     if (grouping_allowed && grouped) {
       grouping_allowed = false;
+      return true;
+    }
+    if (!exponent) {
+      if (decimals > 0) {
+        // A fixed text with d decimals has at least d + 2 bytes ("0." and
+        // the digits): wider ones are passed over.
+        decimals = std::min(decimals - 1, std::max(width - 2, 0));
+      } else {
+        exponent = true;
+        decimals = requested_decimals;
+      }
       return true;
     }
     if (decimals > 0) {
@@ -161,9 +177,9 @@ constexpr int kDeclinedAttempt = -3;
 
 // general_attempt for a "%G" text in exponent form, laid out by the one pass:
 // the same result and the same state learnt, or kDeclinedAttempt when the
-// text is not one the one pass takes.  Such a text is not grouped and
-// begins with a digit or "-", so the attempt learns at most that the
-// decimal mark of an exponent text was two bytes.  Out of line, like
+// text is not one the one pass takes.  An exponent text is never grouped,
+// so the attempt learns at most that the decimal mark of an exponent text
+// was two bytes.  Out of line, like
 // general_attempt.
 int exponent_attempt(const FastNumberTexts &texts, const OnePassLayout &layout, double value,
                      FittingState &state, fmtreq &request, char *output, int w) {
@@ -173,16 +189,8 @@ int exponent_attempt(const FastNumberTexts &texts, const OnePassLayout &layout, 
       !number.exponent_form) {
     return kDeclinedAttempt;
   }
-  const int length = number.exponent_text_length();
-  if (length > w) return w + 1;  // the digit text alone is too wide
-  // Without decimals assemble_number groups a text without a point as
-  // digits, its padding blanks included.
-  const int field = w - state.shrink;
-  if (state.decimals == 0 && state.grouping_allowed && layout.grouping > 0 &&
-      std::max(length, field) - (number.minus ? 1 : 0) > layout.grouping) {
-    return kDeclinedAttempt;
-  }
-  const OnePassAttempt attempt = place_exponent_one_pass(layout, number, field, request, output, w);
+  if (number.exponent_text_length() > w) return w + 1;  // the digit text alone is too wide
+  const OnePassAttempt attempt = place_exponent_one_pass(layout, number, request, output, w);
   switch (attempt.outcome) {
     case OnePass::kPlaced: return kPlacedAttempt;
     case OnePass::kDeclined: return kDeclinedAttempt;
@@ -206,11 +214,14 @@ template <typename Texts>
                                       SessionCodeset codeset, bool fixed_too_wide, double value,
                                       FittingState &state, fmtreq &request, char *output, int w) {
   char digits[kDigitTextCapacity];
-  // The fixed text is not written for nothing: once the field narrows only
-  // the exponent text counts, and a fixed text whose scaled form is already
-  // known to be too wide is replaced by it straight away.
+  // The fixed text is not written for nothing: once the exponent texts have
+  // begun only they count, and a fixed text whose scaled form is already
+  // known to be too wide does not fit.
   int n = fixed_too_wide ? w + 1 : texts.fixed(value, state.decimals, digits);
-  if (n > w) n = texts.general(value, w - state.shrink, state.decimals, digits);
+  if (n > w) {
+    if (!state.exponent) return w + 1;
+    n = texts.general(value, w - state.shrink, state.decimals, digits);
+  }
   if (n <= 0) return kFailedAttempt;
   if (state.decimals > 0 && digits[0] == '0' && digits[1] == '.') state.leading_zero = true;
 
@@ -281,11 +292,11 @@ template <typename Sources>
   for (;;) {
     if constexpr (Sources::kOnePass) {
       // The fixed text as a number, laid out without being written first.
-      if (one_pass != nullptr && state.shrink == 0 && scaled_decimals != state.decimals) {
+      if (one_pass != nullptr && !state.exponent && scaled_decimals != state.decimals) {
         scaled_decimals = state.decimals;
         scaled_taken = texts.scaled(value, state.decimals, scaled);
       }
-      if (one_pass != nullptr && state.shrink == 0 && scaled_taken && scaled.text_length() <= w) {
+      if (one_pass != nullptr && !state.exponent && scaled_taken && scaled.text_length() <= w) {
         if (scaled.starts_zero_point(texts.decimal_point())) state.leading_zero = true;
         const OnePassAttempt attempt =
             first.attempt ? *first.attempt
@@ -307,12 +318,12 @@ template <typename Sources>
       }
     }
     const bool fixed_too_wide =
-        state.shrink > 0 ||
+        state.exponent ||
         (scaled_taken && scaled_decimals == state.decimals && scaled.text_length() > w);
     int result_length = kDeclinedAttempt;
     if constexpr (Sources::kOnePass) {
       // Only the exponent text counts: laid out in one pass where it can be.
-      if (one_pass != nullptr && fixed_too_wide) [[unlikely]] {
+      if (one_pass != nullptr && state.exponent) [[unlikely]] {
         result_length = exponent_attempt(texts, *one_pass, value, state, request, output, w);
       }
     }
