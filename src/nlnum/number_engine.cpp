@@ -271,7 +271,22 @@ struct FirstOnePass {
   int decimals = -1;
   bool taken = false;
   std::optional<OnePassAttempt> attempt;
+  // Even the integer part does not fit: the exponent texts start at once.
+  bool integer_too_wide = false;
 };
+
+// Whether the integer digits of `number`, a value of 1 or more, with what
+// stands around them in the layout, are wider than the field, so that no
+// fixed text fits.  Rounding to fewer decimals never takes a digit away.
+// Such fixed texts teach the attempts nothing the exponent texts use: they
+// do not begin "0.", and an exponent text is never grouped.
+bool integer_part_too_wide(const OnePassLayout &layout, const ScaledDecimal &number, double value,
+                           int32_t w) {
+  if (!layout.within_limits || number.zero_integer) return false;
+  const int integer = number.digit_count - number.precision;
+  const int sign_class = value < 0 ? one_pass::kNegative : one_pass::kPositive;
+  return integer + layout.around_length[sign_class] > w;
+}
 
 // The attempts from the first: each learns why the one before did not fit
 // and the next is narrower, until a text stands in the field or the field
@@ -284,6 +299,10 @@ template <typename Sources>
                                           FirstOnePass first, double value, fmtreq &request,
                                           char *output, const int32_t w) {
   FittingState state{first_decimals(convention, request)};
+  if (first.integer_too_wide) {
+    state.exponent = true;
+    state.grouping_allowed = false;
+  }
   // The fixed text as a number is kept while the decimals stay (an attempt
   // without group separators takes the same one).
   ScaledDecimal &scaled = first.scaled;
@@ -377,13 +396,16 @@ int32_t run_engine_on(char *output, int32_t width, int32_t item, fmtreq &request
       ScaledDecimal scaled;
       const bool taken = texts.scaled(value, decimals, scaled);
       std::optional<OnePassAttempt> attempt;
+      bool integer_too_wide = false;
       if (taken && scaled.text_length() <= w) {
         attempt = place_one_pass(*one_pass, scaled, true, value, request, output, w);
         if (attempt->outcome == OnePass::kPlaced) return CORVINEL_OK;
+      } else if (taken) {
+        integer_too_wide = integer_part_too_wide(*one_pass, scaled, value, w);
       }
       return fit_by_attempts<Sources>(texts, convention, codeset, one_pass,
-                                      {scaled, decimals, taken, attempt}, value, request, output,
-                                      w);
+                                      {scaled, decimals, taken, attempt, integer_too_wide}, value,
+                                      request, output, w);
     }
   }
   return fit_by_attempts<Sources>(texts, convention, codeset, one_pass, {}, value, request, output,
