@@ -12,6 +12,7 @@
 #include "locale/orb_locale_env.h"
 #include "support/request_builder.h"
 #include "support/session_locales.h"
+#include "support/utf8_text.h"
 
 namespace {
 
@@ -53,11 +54,7 @@ Shown shown(int32_t item) {
 // UTF-8 as UTF-16 units, low byte first.
 std::string units_low_first(const std::string &utf8) {
   std::string out;
-  for (std::size_t i = 0; i < utf8.size();) {
-    const auto byte = static_cast<unsigned char>(utf8[i++]);
-    const int extra = byte < 0x80 ? 0 : byte < 0xE0 ? 1 : byte < 0xF0 ? 2 : 3;
-    char32_t c = extra == 0 ? byte : byte & (0x3F >> extra);
-    for (int k = 0; k < extra; ++k) c = c << 6 | (static_cast<unsigned char>(utf8[i++]) & 0x3F);
+  for (const char32_t c : code_points(utf8)) {
     out.push_back(static_cast<char>(c & 0xFF));
     out.push_back(static_cast<char>(c >> 8));
   }
