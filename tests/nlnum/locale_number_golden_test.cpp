@@ -183,6 +183,9 @@ const Row kRows[] = {
     {F(nlpctn), 8, 1, -0.12, "de_DE", U8, " -12,0% "},
     {F(nlpctn), 20, 2, -1234.5678, "en_US", U8, "       -123,456.78% "},
     {F(nlpctn), 5, 0, -0.05, "en_US", U8, " -5% "},
+    {F(nlpctn), 20, 2, 0.004, "en_US", U8, "              0.40% "},
+    {F(nlpctn), 4, 0, 0.05, "en_US", U8, " 5% "},
+    {F(nlpctn), 8, 1, -12.3456, "de_DE", U8, " -1235% "},
     {F(nlpctn), 6, 0, -1.5, "en_US", U16, "-150% "},
     // PERCENT shows a plain zero; every negative value still gets the sign.
     {F(nlpctn), 6, 0, -0.001, "en_US", U8, "  -0% "},
