@@ -179,8 +179,7 @@ constexpr int kDeclinedAttempt = -3;
 // the same result and the same state learnt, or kDeclinedAttempt when the
 // text is not one the one pass takes.  An exponent text is never grouped,
 // so the attempt learns at most that the decimal mark of an exponent text
-// was two bytes.  Out of line, like
-// general_attempt.
+// was two bytes.  Out of line, like general_attempt.
 int exponent_attempt(const FastNumberTexts &texts, const OnePassLayout &layout, double value,
                      FittingState &state, fmtreq &request, char *output, int w) {
   const char point = texts.decimal_point();
