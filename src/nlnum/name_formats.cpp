@@ -10,11 +10,11 @@
 
 #include "corvinel/formats.h"
 #include "corvinel/locale_db.h"
+#include "encoding/locale_upper_case.h"
+#include "encoding/output_expansion.h"
+#include "encoding/request_expansion.h"
+#include "encoding/transcode_steps.h"
 #include "frame/format_frame.h"
-#include "locale/locale_upper_case.h"
-#include "locale/output_expansion.h"
-#include "locale/transcode_steps.h"
-#include "nlnum/request_expansion.h"
 
 namespace corvinel::nlnum {
 namespace {
@@ -40,12 +40,12 @@ constexpr int32_t kLanguageItem = 4;
 
 // Room of the work buffer: a name (at most an item text) and what output
 // expansion makes of it, which is never more than one conversion step.
-constexpr int32_t kWorkBytes = locale::kStepCapacity;
+constexpr int32_t kWorkBytes = encoding::kStepCapacity;
 
 // Room of the upper-case text in the symbolic notation: output expansion
 // takes at most kMaxUnits units, each written back as at most one escape.
 constexpr int32_t kEscapeBytes = 7;  // "<Uxxxx>"
-constexpr int32_t kSymbolicBytes = locale::kMaxUnits * kEscapeBytes;
+constexpr int32_t kSymbolicBytes = encoding::kMaxUnits * kEscapeBytes;
 
 // The item text `text` (`length` bytes, non-ASCII characters as "<Uxxxx>")
 // in upper case by the rules of the locale's language, written back in the
@@ -54,19 +54,19 @@ constexpr int32_t kSymbolicBytes = locale::kMaxUnits * kEscapeBytes;
 // whatever the process locale.  A text too long for expansion is left as it
 // is (expansion refuses it).
 void upper_case_symbolic(char *text, int32_t &length, int32_t locale) {
-  std::array<unsigned char, locale::kStepCapacity> bytes;
-  const int32_t count = locale::expand_escapes(text, length, bytes.data());
+  std::array<unsigned char, encoding::kStepCapacity> bytes;
+  const int32_t count = encoding::expand_escapes(text, length, bytes.data());
   if (count < 0) return;
-  std::array<uint16_t, locale::kMaxUnits> units;
+  std::array<uint16_t, encoding::kMaxUnits> units;
   const int32_t n = count / 2;
   for (int32_t i = 0; i < n; ++i) {
     units[i] = static_cast<uint16_t>(bytes[2 * i] | bytes[2 * i + 1] << 8);
   }
   char language[CORVINEL_LOCALE_TEXT];
   const int32_t language_length = getORBLocDB(language, sizeof language, kLanguageItem, locale);
-  locale::upper_case_units(
+  encoding::upper_case_units(
       units.data(), n,
-      locale::case_rules_of(std::string_view(language, static_cast<std::size_t>(std::max(language_length, 0)))));
+      encoding::case_rules_of(std::string_view(language, static_cast<std::size_t>(std::max(language_length, 0)))));
   // "<" is written as an escape too, so that no escape forms anew.
   constexpr char kHex[] = "0123456789ABCDEF";
   int32_t out = 0;
@@ -99,7 +99,7 @@ int32_t render_name(fmtreq &request, const NameFormat &format, double value) {
   std::memset(request.output, ' ', static_cast<std::size_t>(request.width));
   request.outlen = length;
   const int32_t room = std::min(request.capacity, kWorkBytes);
-  if (expand_for_request(request, work.data(), &request.outlen, room) >= 1) {
+  if (encoding::expand_for_request(request, work.data(), &request.outlen, room) >= 1) {
     return frame::fill_stars(request);
   }
   std::memcpy(request.output, work.data(), static_cast<std::size_t>(request.outlen));

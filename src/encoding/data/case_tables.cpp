@@ -4,9 +4,9 @@
 // the tool documents).  Do not edit: run the regen-case-tables target.
 #include <cstdint>
 
-#include "locale/unicode_tables.h"
+#include "encoding/unicode_tables.h"
 
-namespace corvinel::locale {
+namespace corvinel::encoding {
 
 // Offset of each 128-code-point block in the shift tables; -1: no mappings.
 const int16_t skz_metatable[512] = {
@@ -685,4 +685,4 @@ const GreekCapital skz_greek_capitals[] = {
 
 const int32_t skz_greek_capital_count = 239;
 
-}  // namespace corvinel::locale
+}  // namespace corvinel::encoding

@@ -4,7 +4,7 @@
 #include <array>
 #include <cstdint>
 
-namespace corvinel::locale {
+namespace corvinel::encoding {
 
 // Code page 1252 (WLATIN1) byte to code point.  It differs from Latin-1 only
 // in 0x80-0x9F; the five positions it leaves undefined (0x81, 0x8D, 0x8F,
@@ -74,4 +74,4 @@ struct GreekCapital {
 extern const GreekCapital skz_greek_capitals[];
 extern const int32_t skz_greek_capital_count;
 
-}  // namespace corvinel::locale
+}  // namespace corvinel::encoding

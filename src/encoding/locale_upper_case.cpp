@@ -1,11 +1,11 @@
-#include "locale/locale_upper_case.h"
+#include "encoding/locale_upper_case.h"
 
 #include <algorithm>
 
 #include "corvinel/unicode.h"
-#include "locale/unicode_tables.h"
+#include "encoding/unicode_tables.h"
 
-namespace corvinel::locale {
+namespace corvinel::encoding {
 namespace {
 
 constexpr uint16_t kCapitalIota = 0x0399, kCapitalUpsilon = 0x03A5;
@@ -83,4 +83,4 @@ void upper_case_units(uint16_t *units, int32_t n, CaseRules rules) {
   }
 }
 
-}  // namespace corvinel::locale
+}  // namespace corvinel::encoding

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string_view>
 
-namespace corvinel::locale {
+namespace corvinel::encoding {
 
 enum class CaseRules {
   kPlain,   // the simple mapping of UPCASE
@@ -19,4 +19,4 @@ CaseRules case_rules_of(std::string_view language);
 // Upper case of `n` UTF-16 units in place, one unit for one.
 void upper_case_units(uint16_t *units, int32_t n, CaseRules rules);
 
-}  // namespace corvinel::locale
+}  // namespace corvinel::encoding
