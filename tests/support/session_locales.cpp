@@ -23,6 +23,8 @@ constexpr LocaleRecipe kRecipes[] = {
     {kUtf8Locale, "C", "UTF-8"},
     {kLatin1Locale, "de_DE", "ISO-8859-1"},
     {kEucJpLocale, "ja_JP", "EUC-JP"},
+    {kLatin9Locale, "fr_FR", "ISO-8859-15"},
+    {kTwoByteDecimalLocale, "ps_AF", "UTF-8"},
     {kUnknownCodesetLocale, "de_DE", ""},
 };
 

@@ -9,6 +9,10 @@ namespace corvinel::testing {
 inline constexpr const char *kUtf8Locale = "C.UTF-8";
 inline constexpr const char *kLatin1Locale = "de_DE.ISO-8859-1";
 inline constexpr const char *kEucJpLocale = "ja_JP.EUC-JP";
+// A single-byte codeset iconv converts (Latin-1 with the euro sign).
+inline constexpr const char *kLatin9Locale = "fr_FR.ISO-8859-15";
+// UTF-8 with a decimal point of two bytes (U+066B).
+inline constexpr const char *kTwoByteDecimalLocale = "ps_AF.UTF-8";
 // A locale whose codeset iconv does not know (ISO-8859-1 under another name).
 inline constexpr const char *kUnknownCodesetLocale = "de_DE.X-CORVINEL-UNKNOWN";
 // The C locale: its codeset is ASCII ("ANSI_X3.4-1968").
