@@ -10,6 +10,7 @@
 #include <elf.h>
 #include <sys/wait.h>
 
+#include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
@@ -58,6 +59,20 @@ TEST(ThreadState, StaysWithinTheFootprintTheHostGuideStates) {
   const long bytes = thread_local_bytes(CORVINEL_MODULE_FILE);
   ASSERT_GE(bytes, 0);
   EXPECT_LE(bytes, bound);
+}
+
+// No per-thread state has a destructor: such state would be destroyed in
+// the thread's cleanup, before the calls hosts make from their own
+// destructors.  The module would import the C++ runtime's registration of
+// thread_local destructors for it.
+TEST(ThreadState, RegistersNoThreadLocalDestructor) {
+  FILE *nm = popen(CORVINEL_NM " -D -j --undefined-only '" CORVINEL_MODULE_FILE "'", "r");
+  ASSERT_NE(nm, nullptr);
+  char name[512];
+  bool registers = false;
+  while (std::fscanf(nm, "%511s", name) == 1) registers |= std::string(name).starts_with("__cxa_thread_atexit");
+  EXPECT_EQ(pclose(nm), 0);
+  EXPECT_FALSE(registers);
 }
 
 enum class Run { kDirect, kMemcheck };
