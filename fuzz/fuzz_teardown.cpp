@@ -22,6 +22,7 @@
 #include "corvinel/fmtreq.h"
 #include "corvinel/transcode.h"
 #include "fuzz_sessions.h"
+#include "support/request_builder.h"
 
 namespace {
 
@@ -53,26 +54,23 @@ std::vector<Call> calls_from(FuzzedDataProvider &in) {
 // Every result and text of the calls, one after another.
 std::string run(const std::vector<Call> &calls) {
   std::string results;
-  char out[402];
   for (const Call &c : calls) {
-    int32_t result = 0, length = 0;
+    int32_t result = 0;
+    std::string text;
     if (c.format < 0) {
+      char out[402];
+      int32_t length = 0;
       result = obnlsTranscodeUnicode(c.encoding, reinterpret_cast<const unsigned char *>(c.units.data()),
                                      static_cast<int32_t>(c.units.size()), out, sizeof out, &length);
+      text.assign(out, static_cast<std::size_t>(std::clamp<int32_t>(length, 0, sizeof out)));
     } else {
-      fmtreq request{};
-      request.width = c.width;
-      request.decimals = c.decimals;
-      request.value = &c.value;
-      request.output = out;
-      request.capacity = sizeof out;
-      request.locale = c.locale;
-      request.xcode_b = c.xcode_b;
-      result = fmtinfo_eachfmt[c.format].render(&request);
-      length = result == CORVINEL_OK ? request.outlen : 0;
+      corvinel::testing::Request request(c.width, c.decimals, c.value, 402);
+      request->locale = c.locale;
+      request.set_output_encoding(c.xcode_b);
+      result = fmtinfo_eachfmt[c.format].render(request.get());
+      if (result == CORVINEL_OK) text = request.text();
     }
-    results += "[" + std::to_string(result) + "]";
-    results.append(out, static_cast<std::size_t>(std::clamp<int32_t>(length, 0, sizeof out)));
+    results += "[" + std::to_string(result) + "]" + text;
   }
   return results;
 }

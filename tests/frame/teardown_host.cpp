@@ -26,6 +26,7 @@
 #include "corvinel/fmtinfo.h"
 #include "corvinel/fmtreq.h"
 #include "corvinel/transcode.h"
+#include "support/request_builder.h"
 
 namespace {
 
@@ -64,6 +65,14 @@ void append_number(Results &r, long number) {
   append(r, text, std::snprintf(text, sizeof text, "[%ld]", number));
 }
 
+constexpr int32_t kRoom = 402;
+
+void append_call(Results &r, int32_t result, const corvinel::testing::Request &request) {
+  append_number(r, result);
+  const std::string text = result == CORVINEL_OK ? request.text() : std::string();
+  append(r, text.data(), static_cast<int>(text.size()));
+}
+
 // A currency record the host made: its symbols rewritten between calls.
 char local_symbol[8];
 char international_code[8];
@@ -84,37 +93,22 @@ void calls(Results &r) {
       {"NLDATEW", 40, 0, 79, 15760},  {"NLDATE", 30, 0, 60, 15760},   {"NLDATM", 40, 0, 60, 1.36e9},
       {"NLDATMZ", 40, 0, 60, 1.36e9}, {"NLNUM", 16, 2, 64, -1234.5},  {"NLMNY", 20, 2, 60, -1234.5},
       {"NLMNIEUR", 20, 2, 64, 98.7},  {"NLMNLJPY", 20, 0, 79, 1234}, {"NLPCT", 12, 1, 60, 0.25}};
-  char out[402];
   for (const Call &c : kCalls) {
-    fmtreq request{};
-    request.width = c.width;
-    request.decimals = c.decimals;
-    request.value = &c.value;
-    request.output = out;
-    request.capacity = sizeof out;
-    request.locale = c.locale;
-    const int32_t result = find(c.format)->render(&request);
-    append_number(r, result);
-    if (result == CORVINEL_OK) append(r, out, request.outlen);
+    corvinel::testing::Request request(c.width, c.decimals, c.value, kRoom);
+    request->locale = c.locale;
+    append_call(r, find(c.format)->render(request.get()), request);
   }
   const char *kSymbols[][2] = {{"\xE2\x82\xAC", "EUR"}, {"<U00A3>", "GBP"}, {"Fr.", "CHF"}};
   for (const auto &symbols : kSymbols) {
     std::strcpy(local_symbol, symbols[0]);
     std::strcpy(international_code, symbols[1]);
     for (const auto routine : {nlmnyloc, nlmnyint}) {
-      const double value = -7654.32;
-      fmtreq request{};
-      request.width = 24;
-      request.decimals = 2;
-      request.value = &value;
-      request.output = out;
-      request.capacity = sizeof out;
-      request.locale = 60;
-      const int32_t result = routine(&request, &host_currency);
-      append_number(r, result);
-      if (result == CORVINEL_OK) append(r, out, request.outlen);
+      corvinel::testing::Request request(24, 2, -7654.32, kRoom);
+      request->locale = 60;
+      append_call(r, routine(request.get(), &host_currency), request);
     }
   }
+  char out[kRoom];
   static const unsigned char kUnits[] = {0xE9, 0x00, 0xE5, 0x65, 0xAC, 0x20, 'A', 0};
   int32_t length = 0;
   const int32_t result = obnlsTranscodeUnicode(nl_langinfo(CODESET), kUnits, sizeof kUnits, out,
