@@ -6,6 +6,7 @@
 //
 //   teardown_host PATTERN SESSION [cold]
 //
+// (PATTERN "all": the four, one after another, in one process)
 // renders a fixed set of calls (dates and numbers through the kept
 // converter, the number conventions, currency amounts with a record of the
 // host's own, "%z", transcoding) on a thread of its own first, to know what
@@ -187,24 +188,21 @@ void run_thread(void *(*body)(void *)) {
 
 int main(int argc, char **argv) {
   if (argc < 3 || std::setlocale(LC_ALL, argv[2]) == nullptr) {
-    std::fprintf(stderr, "usage: teardown_host atexit|global|key|thread_local SESSION [cold]\n");
+    std::fprintf(stderr, "usage: teardown_host atexit|global|key|thread_local|all SESSION [cold]\n");
     return 2;
   }
   setenv("TZ", "UTC0", 1);
   cold = argc > 3 && std::strcmp(argv[3], "cold") == 0;
   run_thread(first_round);
   const std::string pattern = argv[1];
-  if (pattern == "atexit") {
-    std::atexit(at_exit);
+  const bool all = pattern == "all";
+  if (all || pattern == "key") run_thread(with_key);
+  if (all || pattern == "thread_local") run_thread(with_thread_local);
+  if (all || pattern == "atexit") std::atexit(at_exit);
+  if (all || pattern == "global") global_object.armed = true;
+  if (all || pattern == "atexit" || pattern == "global") {
     warm_up(nullptr);
-  } else if (pattern == "global") {
-    global_object.armed = true;
-    warm_up(nullptr);
-  } else if (pattern == "key") {
-    run_thread(with_key);
-  } else if (pattern == "thread_local") {
-    run_thread(with_thread_local);
-  } else {
+  } else if (pattern != "key" && pattern != "thread_local") {
     std::fprintf(stderr, "teardown_host: unknown pattern %s\n", argv[1]);
     return 2;
   }
