@@ -10,9 +10,9 @@
 #include <cstring>
 #include <type_traits>
 
-#include "locale/transcode_steps.h"
+#include "encoding/transcode_steps.h"
 
-namespace corvinel::locale {
+namespace corvinel::encoding {
 
 namespace {
 
@@ -228,4 +228,4 @@ CodesetStep FastConverters::utf8_to_codeset(const SessionEncoding &encoding, con
   return convert_unkept(kept, encoding, in, n, out, cap, len);
 }
 
-}  // namespace corvinel::locale
+}  // namespace corvinel::encoding
