@@ -333,6 +333,8 @@ INSTANTIATE_TEST_SUITE_P(
                  "VALUE is not a number, date or time: \"1\\x1b[2J\\x07\\x7f\\x09\"\n"},
         ToolCase{"LongArgumentCut", {"NLNUM", std::string(100000, '7') + "x"}, 2, "",
                  ": \"" + std::string(60, '7') + "... (100001 bytes)\"\n"},
+        ToolCase{"LongFormatNameCut", {std::string(100, 'N') + "8.", "1"}, 2, "",
+                 "unknown format \"" + std::string(60, 'N') + "... (100 bytes)\" (corvinel-fmt --list"},
         ToolCase{"LongLocaleCut", {"--locale", std::string(70, 'q') + "\x1b", "NLNUM", "1"}, 2, "",
                  "unknown locale \"" + std::string(60, 'q') + "... (71 bytes)\""},
         ToolCase{"ItemNumberEscaped", {"--item", "1\x1b"}, 2, "", "--item is not a number: \"1\\x1b\"\n"}),
