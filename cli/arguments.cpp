@@ -13,7 +13,7 @@
 namespace corvinel::cli {
 namespace {
 
-std::string quoted(std::string_view text) { return "\"" + std::string(text) + "\""; }
+std::string quoted(std::string_view text) { return "\"" + shown_argument(text) + "\""; }
 
 // A whole decimal number in [low, high]; `what` names it in the message.
 int32_t parse_int(std::string_view text, std::string_view what, int64_t low, int64_t high) {
@@ -24,7 +24,7 @@ int32_t parse_int(std::string_view text, std::string_view what, int64_t low, int
     throw UsageError(std::string(what) + " is not a number: " + quoted(text));
   }
   if (number < low || number > high) {
-    throw UsageError(std::string(what) + " " + std::string(text) + " is out of range (" +
+    throw UsageError(std::string(what) + " " + shown_argument(text) + " is out of range (" +
                      std::to_string(low) + ".." + std::to_string(high) + ")");
   }
   return static_cast<int32_t>(number);
@@ -145,10 +145,35 @@ void check_mode(const Options &options) {
     return;
   }
   if (options.format.empty()) throw UsageError("missing FORMAT (try --help)");
-  if (options.values.empty()) throw UsageError("missing VALUE after " + options.format);
+  if (options.values.empty()) throw UsageError("missing VALUE after " + shown_argument(options.format));
 }
 
 }  // namespace
+
+std::string shown_argument(std::string_view text) {
+  std::string shown;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (shown.size() >= kShownArgumentLength) {
+      shown += "... (" + std::to_string(text.size()) + " bytes)";
+      break;
+    }
+    const auto byte = static_cast<unsigned char>(text[i]);
+    if (byte < 0x20 || byte == 0x7F) {
+      constexpr char kHex[] = "0123456789abcdef";
+      shown += {'\\', 'x', kHex[byte >> 4], kHex[byte & 15]};
+    } else {
+      shown.push_back(static_cast<char>(byte));
+    }
+  }
+  return shown;
+}
+
+void check_capacity(const std::optional<int32_t> &capacity, int32_t width) {
+  if (capacity && *capacity < width) {
+    throw UsageError("--capacity " + std::to_string(*capacity) + " is below the width " +
+                     std::to_string(width) + ": a format may fill the whole field");
+  }
+}
 
 Options parse_arguments(const std::vector<std::string> &arguments) {
   Options options;

@@ -40,6 +40,16 @@ struct Options {
   std::vector<std::string> values;
 };
 
+// An argument as error messages show it: control and escape bytes written
+// as \xNN, and cut after about kShownArgumentLength bytes with the whole
+// length said, so that a message stays one short line of plain text.
+inline constexpr std::size_t kShownArgumentLength = 60;
+std::string shown_argument(std::string_view text);
+
+// Refuses a buffer smaller than the field: every format may write `width`
+// bytes, so a host never hands over less.
+void check_capacity(const std::optional<int32_t> &capacity, int32_t width);
+
 // Throws UsageError naming the first problem.
 Options parse_arguments(const std::vector<std::string> &arguments);
 

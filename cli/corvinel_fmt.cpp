@@ -132,7 +132,7 @@ Rendering resolve_rendering(const Module &module, const Options &options) {
   Rendering rendering;
   if (options.classic) {
     const auto classic = find_classic(parsed.name);
-    if (!classic) throw UsageError("unknown classic rendering " + parsed.name);
+    if (!classic) throw UsageError("unknown classic rendering " + shown_argument(parsed.name));
     rendering.render = module.require<fmt_render_fn>(classic->symbol, "classic routine");
     rendering.width = parsed.width.value_or(classic->default_width);
     rendering.decimals = classic->best ? 99 : parsed.decimals.value_or(classic->default_decimals);
@@ -140,7 +140,7 @@ Rendering resolve_rendering(const Module &module, const Options &options) {
   }
   const fmtdesc *descriptor = find_descriptor(module.registry(), parsed.name);
   if (descriptor == nullptr) {
-    throw UsageError("unknown format \"" + parsed.name + "\" (corvinel-fmt --list shows the formats)");
+    throw UsageError("unknown format \"" + shown_argument(parsed.name) + "\" (corvinel-fmt --list shows the formats)");
   }
   rendering.render = descriptor->render;
   rendering.width = parsed.width.value_or(descriptor->defw);

@@ -95,7 +95,7 @@ std::vector<std::string> LocaleNames::nearest(std::string_view name) const {
 
 void LocaleNames::require(std::string_view name) const {
   if (find(name)) return;
-  std::string message = "unknown locale \"" + std::string(name) + "\"";
+  std::string message = "unknown locale \"" + shown_argument(name) + "\"";
   const std::vector<std::string> codes = nearest(name);
   if (!codes.empty()) {
     message += "; nearest:";

@@ -36,8 +36,11 @@ Module::Module(const std::string &path) {
   const std::string file = path.empty() ? default_module() : path;
   handle_ = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
   if (handle_ == nullptr) {
-    const char *reason = dlerror();
-    throw UsageError("cannot load module " + file + ": " + (reason ? reason : "unknown error"));
+    // The loader's reason starts with the file name, shown once and cut.
+    const char *error = dlerror();
+    std::string_view reason = error != nullptr ? error : "unknown error";
+    if (reason.starts_with(file + ": ")) reason.remove_prefix(file.size() + 2);
+    throw UsageError("cannot load module " + shown_argument(file) + ": " + shown_argument(reason));
   }
   try {
     const auto entry = require<EntryFunction>("corvinel", "module entry");

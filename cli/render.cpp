@@ -92,6 +92,7 @@ void Printer::print(const char *bytes, int32_t length) const {
 
 bool render_value(const Rendering &rendering, double value, const Options &options,
                   const Printer &printer, int32_t locale_number, const std::string &prefix) {
+  check_capacity(options.capacity, rendering.width);
   const int32_t capacity = options.capacity.value_or(std::max(rendering.width, kExpansionRoom));
   GuardedBuffer buffer(capacity);
   fmtreq request{};

@@ -157,13 +157,13 @@ int64_t day_number(const CivilDate &date) {
 void check_date(const CivilDate &date, std::string_view text) {
   if (date.year < 1 || date.month < 1 || date.month > 12 || date.day < 1 ||
       date.day > days_in_month(date.year, date.month)) {
-    throw UsageError("not a real date: \"" + std::string(text) + "\"");
+    throw UsageError("not a real date: \"" + shown_argument(text) + "\"");
   }
 }
 
 void check_time(const TimeOfDay &time, std::string_view text) {
   if (time.hour > 23 || time.minute > 59 || time.second >= 60) {
-    throw UsageError("not a real time of day: \"" + std::string(text) + "\"");
+    throw UsageError("not a real time of day: \"" + shown_argument(text) + "\"");
   }
 }
 
@@ -188,7 +188,7 @@ std::optional<double> parse_literal(std::string_view text, ValueKind kind) {
   if (literal->date) check_date(*literal->date, text);
   if (literal->time) check_time(*literal->time, text);
 
-  const std::string quoted = "\"" + std::string(text) + "\"";
+  const std::string quoted = "\"" + shown_argument(text) + "\"";
   if (!literal->date) {
     if (kind == ValueKind::kDate || kind == ValueKind::kDatetime) {
       throw UsageError("a time has no date: " + quoted);

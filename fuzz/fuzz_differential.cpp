@@ -1,5 +1,5 @@
 // The fast paths against the straightforward ones they replace, given the
-// same input under a session encoding drawn from the input: output
+// same input under a session encoding drawn from the input (fuzz_sessions.h): output
 // expansion and transcoding (converters kept per thread against iconv opened
 // for every step), the locale number engine (digit texts written directly
 // against snprintf and localeconv) and a date format's attempt at a pattern
@@ -20,15 +20,12 @@
 #include "corvinel/fmtreq.h"
 #include "corvinel/transcode.h"
 #include "encoding/output_expansion.h"
+#include "fuzz_sessions.h"
 #include "locale/locale_records.h"
 #include "nldate/field_attempt.h"
 #include "nlnum/number_engine.h"
-#include "support/session_locales.h"
 
 namespace {
-
-constexpr const char *kSessions[] = {corvinel::testing::kUtf8Locale, corvinel::testing::kLatin1Locale,
-                                     corvinel::testing::kEucJpLocale, corvinel::testing::kAsciiLocale};
 
 [[noreturn]] void differ(const char *what) {
   std::fprintf(stderr, "fast and straightforward paths differ: %s\n", what);
@@ -164,13 +161,11 @@ void date_attempt(FuzzedDataProvider &in) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerInitialize(int *, char ***) {
-  return corvinel::testing::prepare_session_locales(CORVINEL_FUZZ_LOCPATH) ? 0 : 1;
-}
+extern "C" int LLVMFuzzerInitialize(int *, char ***) { return corvinel::fuzzing::prepare_sessions(); }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   FuzzedDataProvider in(data, size);
-  std::setlocale(LC_ALL, in.PickValueInArray(kSessions));
+  corvinel::fuzzing::enter_session(in);
   switch (in.ConsumeIntegralInRange(0, 3)) {
     case 0:
       output_expansion(in);

@@ -1,6 +1,7 @@
 // Every format of the registry with a whole request drawn from the input:
 // width, decimals, the value as raw bits, flags, locale number, the three
-// transcoding words and ORB_LOCALE.  The output is a heap block of exactly
+// transcoding words and ORB_LOCALE, in a session encoding of
+// fuzz_sessions.h.  The output is a heap block of exactly
 // `capacity` bytes, so a write past it stops the run under the address
 // sanitizer; afterwards the fields a format must hand back are compared.
 #include <fuzzer/FuzzedDataProvider.h>
@@ -16,6 +17,7 @@
 
 #include "corvinel/fmtreq.h"
 #include "frame/format_catalogue.h"
+#include "fuzz_sessions.h"
 
 namespace {
 
@@ -86,8 +88,11 @@ void check(const FormatCase &c, const fmtreq &sent, const fmtreq &back, int32_t 
 
 }  // namespace
 
+extern "C" int LLVMFuzzerInitialize(int *, char ***) { return corvinel::fuzzing::prepare_sessions(); }
+
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   FuzzedDataProvider in(data, size);
+  corvinel::fuzzing::enter_session(in);
   const auto &formats = corvinel::testing::all_formats();
   const FormatCase &c = formats[in.ConsumeIntegralInRange<size_t>(0, formats.size() - 1)];
 

@@ -22,6 +22,7 @@
 #include "corvinel/transcode.h"
 #include "corvinel/unicode.h"
 #include "corvinel/weeks.h"
+#include "fuzz_sessions.h"
 
 namespace {
 
@@ -181,8 +182,11 @@ void calendar(FuzzedDataProvider &in) {
 
 }  // namespace
 
+extern "C" int LLVMFuzzerInitialize(int *, char ***) { return corvinel::fuzzing::prepare_sessions(); }
+
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   FuzzedDataProvider in(data, size);
+  corvinel::fuzzing::enter_session(in);  // output expansion writes its bytes
   switch (in.ConsumeIntegralInRange(0, 4)) {
     case 0:
       names(in);

@@ -15,6 +15,7 @@
 
 #include "corvinel/fmtinfo.h"
 #include "corvinel/fmtreq.h"
+#include "fuzz_sessions.h"
 
 namespace {
 
@@ -122,10 +123,14 @@ const FormatRow kFormatRows[] = {
     {"NLDATEYW", 8, 0, 15760, "en_US", false},      {"NLDATMTZ", 20, 0, 52732, "ja_JP", false},
 };
 
+using corvinel::fuzzing::kSessionCount;
+
 void format_seeds(const std::filesystem::path &root) {
   Corpus corpus(root, "fuzz_formats");
+  std::size_t session = 0;
   for (const FormatRow &row : kFormatRows) {
     FuzzInput in;
+    in.pick(session++ % kSessionCount, kSessionCount);  // each row in the next session
     in.pick(static_cast<std::size_t>(format_index(row.format)), CORVINEL_FORMAT_COUNT);
     in.flag(true).integer<int32_t>(row.width, -4, 64);
     in.flag(true).integer<int32_t>(row.decimals, -2, 40);
@@ -178,14 +183,18 @@ void pattern_seeds(const std::filesystem::path &root) {
 
 void utility_seeds(const std::filesystem::path &root) {
   Corpus corpus(root, "fuzz_utilities");
+  std::size_t session = 0;
+  const auto next_session = [&](FuzzInput &in) -> FuzzInput & {
+    return in.pick(session++ % kSessionCount, kSessionCount);
+  };
   for (const char *name : {"en_US", "de_de", "utf-8", "EBCDIC1047", "ISO-8859-15", "zh_TW"}) {
     FuzzInput in;
-    in.integer<int>(0, 0, 4).text(name).flag(name[2] == '_');
+    next_session(in).integer<int>(0, 0, 4).text(name).flag(name[2] == '_');
     corpus.add(in);
   }
   for (int which = 0; which <= 5; ++which) {
     FuzzInput in;
-    in.integer<int>(1, 0, 4).integer<int>(which, 0, 5).integer<int32_t>(32, 0, 64);
+    next_session(in).integer<int>(1, 0, 4).integer<int>(which, 0, 5).integer<int32_t>(32, 0, 64);
     in.text(which == 2 || which >= 3 ? std::string("A\0\xAC\x20\x3B\x04", 6) : "caf\xC3\xA9 \xE2\x82\xAC");
     in.integer<int32_t>(20, -2, 250);
     corpus.add(in);
@@ -193,7 +202,7 @@ void utility_seeds(const std::filesystem::path &root) {
   for (const char *text : {"24. Februar 2003 <U20AC>", "<U00A4>1.234,50", "<u00e9>t<U00E9>", "abc"}) {
     for (const bool expansion : {true, false}) {
       FuzzInput in;
-      in.integer<int>(2, 0, 4).flag(expansion).integer<int32_t>(402, -4, 500).integer<int32_t>(20, -4, 500);
+      next_session(in).integer<int>(2, 0, 4).flag(expansion).integer<int32_t>(402, -4, 500).integer<int32_t>(20, -4, 500);
       in.flag(false).integer<int32_t>(0, -1, 30).flag(true).pick(0, 8);
       in.text(text);
       corpus.add(in);
@@ -201,13 +210,13 @@ void utility_seeds(const std::filesystem::path &root) {
   }
   for (int which = 0; which <= 9; ++which) {
     FuzzInput in;
-    in.integer<int>(3, 0, 4).integer<int>(which, 0, 9).text("  Hello, world  ").text("lo");
+    next_session(in).integer<int>(3, 0, 4).integer<int>(which, 0, 9).text("  Hello, world  ").text("lo");
     in.integer<char>('L').integer<int64_t>(-19807);
     corpus.add(in);
   }
   for (const double date : {15760.0, -138061.0, 6589335.0, 14669.0, -1.0}) {
     FuzzInput in;
-    in.integer<int>(4, 0, 4);
+    next_session(in).integer<int>(4, 0, 4);
     for (int i = 0; i < 3; ++i) in.flag(false).bits(i == 0 ? date : 2.0);
     in.pick(static_cast<std::size_t>(date < 0 ? -date : date) % 4, 5).integer<int32_t>(11, -3, 16);
     in.integer<int32_t>(4, -2, 24).integer<int32_t>(2003).flag(true);
@@ -217,24 +226,84 @@ void utility_seeds(const std::filesystem::path &root) {
 
 void differential_seeds(const std::filesystem::path &root) {
   Corpus corpus(root, "fuzz_differential");
-  for (std::size_t session = 0; session < 4; ++session) {
+  for (std::size_t session = 0; session < kSessionCount; ++session) {
     for (const char *text : {"1.234,50 <U20AC>", "2003<U5E74>02<U6708>", "f<U00E9>vrier", "<U0001>12"}) {
       FuzzInput in;
-      in.pick(session, 4).integer<int>(0, 0, 2).integer<int32_t>(12, -2, 420);
+      in.pick(session, kSessionCount).integer<int>(0, 0, 2).integer<int32_t>(12, -2, 420);
       in.integer<int32_t>(402, 0, 420).flag(session == 3).text(text);
       corpus.add(in);
     }
     for (std::size_t encoding = 0; encoding < 8; ++encoding) {
       FuzzInput in;
-      in.pick(session, 4).integer<int>(1, 0, 2).pick(encoding, 8).integer<int32_t>(40, -2, 450);
+      in.pick(session, kSessionCount).integer<int>(1, 0, 2).pick(encoding, 8).integer<int32_t>(40, -2, 450);
       in.text(std::string("A\0\xAC\x20\xE9\0\x42\x30", 8));
       corpus.add(in);
     }
     for (std::size_t item = 0; item < 6; ++item) {
       FuzzInput in;
-      in.pick(session, 4).integer<int>(2, 0, 2).pick(item, 6).integer<int32_t>(12, 0, 40);
+      in.pick(session, kSessionCount).integer<int>(2, 0, 2).pick(item, 6).integer<int32_t>(12, 0, 40);
       in.flag(true).integer<int32_t>(2, -1, 32).integer<int32_t>(static_cast<int32_t>(1 + 20 * item), 0, 137);
       in.flag(session == 1).bits(-1234567.891);
+      corpus.add(in);
+    }
+  }
+}
+
+// Host-made records: the monetary texts of a few real currencies, each
+// record used for rounds with both symbols rewritten.
+void currency_seeds(const std::filesystem::path &root) {
+  Corpus corpus(root, "fuzz_currency");
+  struct Record {
+    const char *decimal, *separator, *grouping, *positive, *negative;
+    char digits, layout[6];
+    const char *symbols[3][2];
+  };
+  const Record kRecords[] = {
+      {",", ".", "\3", "", "-", 2, {0, 1, 0, 1, 1, 1}, {{"EUR ", "\xE2\x82\xAC"}, {"EUR", "<U20AC>"}, {"DEM ", "DM"}}},
+      {".", ",", "\3\3", "", "-", 2, {1, 0, 1, 0, 1, 0}, {{"USD ", "$"}, {"CAD ", "CA$"}, {"USD ", "US$"}}},
+      {"\xD9\xAB", "\xD9\xAC", "\3", "", "-", 2, {1, 1, 1, 1, 1, 1}, {{"AFN ", "\xD8\x8B"}, {"AFN ", "Af"}, {"", ""}}},
+      {".", ",", "\3", "", "\xE2\x88\x92", 0, {1, 0, 1, 0, 4, 4}, {{"JPY ", "\xEF\xBF\xA5"}, {"JPY ", "<U00A5>"}, {"JPY ", "\\"}}},
+  };
+  std::size_t session = 0;
+  for (const Record &r : kRecords) {
+    for (std::size_t path = 0; path < 2; ++path) {
+      FuzzInput in;
+      in.pick(session++ % kSessionCount, kSessionCount);
+      in.text(r.decimal).text(r.separator).text(r.grouping).text(r.positive).text(r.negative);
+      in.flag(true).integer<char>(r.digits, 0, 4).flag(true).integer<char>(r.digits, 0, 4);
+      for (const char layout : r.layout) in.flag(true).integer<char>(layout, 0, 4);
+      in.integer<int>(3, 1, 4);
+      for (const auto &symbols : r.symbols) {
+        in.text(symbols[0]).text(symbols[1]).pick(path, 2).flag(false).bits(-1234567.891);
+        in.integer<int32_t>(20, 1, 48).flag(true).integer<int32_t>(2, -1, 12).flag(true);
+        in.integer<int32_t>(static_cast<int32_t>(1 + 30 * path), 0, 137).flag(false);
+      }
+      corpus.add(in);
+    }
+  }
+}
+
+// A few calls each, for both destructors, warm and cold.
+void teardown_seeds(const std::filesystem::path &root) {
+  Corpus corpus(root, "fuzz_teardown");
+  const struct {
+    int format;  // a registry index, or -1 for transcoding
+    double value;
+  } kCalls[] = {{format_index("NLDATEW"), 15760}, {format_index("NLMNY"), -1234.5},
+                {format_index("NLDATMZ"), 1.36e9}, {-1, 0}, {format_index("NLNUM"), 0.5}};
+  for (std::size_t session = 0; session < kSessionCount; ++session) {
+    for (const bool key : {false, true}) {
+      FuzzInput in;
+      in.pick(session, kSessionCount).flag(session % 2 == 0).flag(key);
+      in.integer<int>(5, 1, 6);
+      int locale = 60;
+      for (const auto &call : kCalls) {
+        in.integer<int>(call.format, -1, CORVINEL_FORMAT_COUNT - 1).integer<int32_t>(30, 1, 64);
+        in.integer<int32_t>(2, 0, 12).integer<int32_t>(locale, 1, 136).integer<int>(1, 0, 3);
+        in.flag(false).bits(call.value).pick(session % 6, 6);
+        in.text(std::string("A\0\xAC\x20\xE9\0\xE5\x65", 8));
+        locale = locale % 136 + 19;
+      }
       corpus.add(in);
     }
   }
@@ -252,5 +321,7 @@ int main(int argc, char **argv) {
   pattern_seeds(root);
   utility_seeds(root);
   differential_seeds(root);
+  currency_seeds(root);
+  teardown_seeds(root);
   return 0;
 }

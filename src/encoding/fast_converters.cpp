@@ -4,8 +4,11 @@
 // included, so that results stay byte for byte those of PerCallIconv.
 #include <iconv.h>
 #include <langinfo.h>
+#include <pthread.h>
 
+#include <cstdint>
 #include <cstring>
+#include <type_traits>
 
 #include "encoding/transcode_steps.h"
 
@@ -19,32 +22,78 @@ const iconv_t kNoConverter = reinterpret_cast<iconv_t>(-1);
 // Opening a descriptor costs far more than a conversion; a change of codeset
 // replaces it.  Failures to open are not remembered: the next call tries
 // again, as the straightforward converter would.
-class ThreadConverter {
- public:
-  ThreadConverter() = default;
-  ThreadConverter(const ThreadConverter &) = delete;
-  ThreadConverter &operator=(const ThreadConverter &) = delete;
-  ~ThreadConverter() { close(); }
+//
+// The descriptor is kept in an object without a destructor.  A thread_local
+// object of a trivially destructible type is never destroyed, so it can
+// still be read while the thread is torn down.  The descriptor is closed by
+// the destructor of a pthread key, which the C library runs after the
+// thread's thread_local destructors and again, in up to four rounds, for a
+// key set while the others ran: whatever the host formats from its own
+// thread_local or pthread key destructors is closed after it.  The key's
+// destructor leaves the state kClosedForGood, and every later call on the
+// thread converts with a descriptor of its own.  The main thread runs no key
+// destructors at exit: its descriptor stays open, and usable from atexit
+// handlers and global destructors, until the process ends.  (A thread_local
+// object whose destructor closed the descriptor would not do: the compiler
+// may drop the stores to an object whose lifetime ends, so a later call
+// used the closed descriptor; and a destructor registered only once the
+// thread's thread_local destructors have run never runs.)
+enum class KeptState : uint8_t { kNone, kOpen, kClosedForGood };
 
-  iconv_t for_codeset(const char *codeset) {
-    if (cd_ != kNoConverter && std::strcmp(codeset, codeset_) == 0) return cd_;
-    close();
-    cd_ = iconv_open(codeset, "UTF-8");
-    if (cd_ != kNoConverter) std::strcpy(codeset_, codeset);
-    return cd_;
+struct KeptConverter {
+  KeptState state;
+  iconv_t cd;
+  char codeset[kStepCapacity];
+};
+static_assert(std::is_trivially_destructible_v<KeptConverter>);
+
+constinit thread_local KeptConverter kept_converter{};
+
+void close_kept_converter(void *) {
+  KeptConverter &kept = kept_converter;
+  if (kept.state == KeptState::kOpen) iconv_close(kept.cd);
+  kept.state = KeptState::kClosedForGood;
+}
+
+// The key is made once and deleted when the module is unloaded, so that no
+// thread ending later calls into it (a thread still holding a descriptor
+// then leaves it open).  Without a key, descriptors are not kept.
+struct ClosingKey {
+  pthread_key_t key;
+  bool made = pthread_key_create(&key, close_kept_converter) == 0;
+  ClosingKey() = default;
+  ClosingKey(const ClosingKey &) = delete;
+  ClosingKey &operator=(const ClosingKey &) = delete;
+  ~ClosingKey() {
+    if (made) pthread_key_delete(key);
   }
-
- private:
-  void close() {
-    if (cd_ != kNoConverter) iconv_close(cd_);
-    cd_ = kNoConverter;
-  }
-
-  iconv_t cd_ = kNoConverter;
-  char codeset_[kStepCapacity] = {};
 };
 
-thread_local ThreadConverter thread_converter;
+// True when the thread's cleanup will close what it keeps.
+bool close_with_the_thread() {
+  static ClosingKey closing;
+  return closing.made && pthread_setspecific(closing.key, &closing) == 0;
+}
+
+// A conversion through a descriptor other than the kept one: the kept one
+// replaced, or, once the thread's cleanup has run, one of its own.
+[[gnu::noinline]] CodesetStep convert_unkept(KeptConverter &kept, const SessionEncoding &encoding,
+                                             const char *in, int32_t n, char *out, int32_t cap,
+                                             int32_t *len) {
+  if (kept.state == KeptState::kOpen) {
+    iconv_close(kept.cd);
+    kept.state = KeptState::kNone;
+  }
+  if (kept.state == KeptState::kClosedForGood || !close_with_the_thread()) {
+    return PerCallIconv::utf8_to_codeset(encoding, in, n, out, cap, len);
+  }
+  const iconv_t cd = iconv_open(encoding.name, "UTF-8");
+  if (cd == kNoConverter) return CodesetStep::kCannotOpen;
+  kept.cd = cd;
+  std::strcpy(kept.codeset, encoding.name);
+  kept.state = KeptState::kOpen;
+  return run_iconv(cd, in, n, out, cap, len);
+}
 
 uint32_t unit_at(const unsigned char *units, int32_t index) {
   return units[2 * index] | (static_cast<uint32_t>(units[2 * index + 1]) << 8);
@@ -172,9 +221,11 @@ CodesetStep FastConverters::utf8_to_codeset(const SessionEncoding &encoding, con
   if (std::strcmp(encoding.name, "ANSI_X3.4-1968") == 0) {
     return utf8_to_single_byte(0x80, in, n, out, cap, len);
   }
-  iconv_t cd = thread_converter.for_codeset(encoding.name);
-  if (cd == kNoConverter) return CodesetStep::kCannotOpen;
-  return run_iconv(cd, in, n, out, cap, len);
+  KeptConverter &kept = kept_converter;
+  if (kept.state == KeptState::kOpen && std::strcmp(encoding.name, kept.codeset) == 0) {
+    return run_iconv(kept.cd, in, n, out, cap, len);
+  }
+  return convert_unkept(kept, encoding, in, n, out, cap, len);
 }
 
 }  // namespace corvinel::encoding

@@ -171,6 +171,7 @@ void write_zone_offset_uncached(char *out) noexcept {
 
 void write_zone_offset(char *out, const ZoneReading &reading) noexcept {
   if (write_host_zone_offset(out)) return;
+  static_assert(frame::teardown_safe<ZoneMemo>);
   thread_local ZoneMemo thread_memo;
   ZoneMemo &memo = *frame::pinned(&thread_memo);
   const time_t now = time(nullptr);

@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "corvinel/zone_offset.h"
+#include "frame/thread_memo.h"
 
 namespace corvinel::nldate {
 namespace {
@@ -13,6 +14,7 @@ struct HostZone {
   int32_t seconds_east;
 };
 
+static_assert(frame::teardown_safe<HostZone>);
 thread_local HostZone host_zone{};
 
 }  // namespace

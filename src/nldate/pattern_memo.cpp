@@ -8,6 +8,8 @@
 #include <cstddef>
 #include <cstring>
 
+#include "frame/thread_memo.h"
+
 namespace corvinel::nldate {
 
 // This thread's compiled patterns; the last one found is looked at first.
@@ -33,6 +35,7 @@ bool is_key(const CompiledPattern &entry, const locitem *record, const char *pat
 
 namespace {
 
+static_assert(frame::teardown_safe<Memo>);
 thread_local Memo thread_memo;
 
 // The memo past its last find: another entry, or the pattern compiled.

@@ -278,6 +278,7 @@ struct CompiledAmount {
 
 // The last amount layout of each kind of symbol this thread used: the
 // international code first, the local symbol second.
+static_assert(frame::teardown_safe<CompiledAmount>);
 thread_local CompiledAmount amount_memo[2];
 
 const CompiledAmount &compiled_amount(CurrencySymbol kind, const locitem *record,

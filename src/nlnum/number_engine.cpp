@@ -137,6 +137,7 @@ const char *layout_of(const locale::PatternConvention &c, bool negative) {
 // one recompiles.
 const CompiledConvention &compiled_convention(const locitem *record, int32_t item,
                                               encoding::SessionCodeset codeset) {
+  static_assert(frame::teardown_safe<CompiledConvention>);
   thread_local CompiledConvention memo[6];
   CompiledConvention &entry = frame::pinned(memo)[item <= 171 ? item - 170 : item - 183 + 2];
   if (!entry.filled || entry.record != record || entry.codeset != codeset) {

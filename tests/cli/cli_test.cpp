@@ -271,7 +271,6 @@ INSTANTIATE_TEST_SUITE_P(
                  "|" + std::string(19, ' ') + "C|\n|" + std::string(20, '*') + "|\n", ""},
         ToolCase{"UnitsAsHexadecimal", {"--utf16", "--bars", "NLDATE10.", "."}, 0,
                  "|20 20 20 20 20 20 20 20 20 2e|\n", ""},
-        ToolCase{"FieldWiderThanCapacity", {"--capacity", "3", "NLNUM8.", "."}, 0, "   \n", ""},
         // Item 156 of de_DE, the currency symbol "<U20AC>", in the session encoding the entry sets from LANG.
         ToolCase{"ItemExpandedToUtf8", {"--locale", "de_DE", "--item", "156", "--expand"}, 0, "\xE2\x82\xAC\n", "",
                  "LC_ALL= LC_CTYPE= LANG=C.UTF-8"},
@@ -323,7 +322,22 @@ INSTANTIATE_TEST_SUITE_P(
         ToolCase{"HexadecimalValue", {"NLNUM", "0x10"}, 2, "", "VALUE is hexadecimal, write it in decimal: \"0x10\""},
         ToolCase{"ValueOverflows", {"NLNUM", "1e999"}, 2, "", "VALUE is too large for a double: \"1e999\""},
         ToolCase{"CheckAndNoCheck", {"--check", "--no-check", "NLNUM", "1"}, 2, "", "exclude each other"},
-        ToolCase{"AllLocalesAndLocale", {"--all-locales", "--locale", "de_DE", "NLNUM", "1"}, 2, "", "--all-locales excludes"}),
+        ToolCase{"AllLocalesAndLocale", {"--all-locales", "--locale", "de_DE", "NLNUM", "1"}, 2, "", "--all-locales excludes"},
+        // A buffer smaller than the field breaks the request: nothing is rendered.
+        ToolCase{"CapacityBelowWidth", {"--capacity", "3", "NLNUM8.", "."}, 2, "",
+                 "corvinel-fmt: --capacity 3 is below the width 8"},
+        ToolCase{"CapacityBelowDefaultWidth", {"--classic", "--capacity=11", "DATETIME", "1"}, 2, "",
+                 "below the width 16"},
+        // Arguments come back with control and escape bytes written out and cut.
+        ToolCase{"EscapeSequenceShownEscaped", {"NLNUM", "1\x1b[2J\x07\x7f\t"}, 2, "",
+                 "VALUE is not a number, date or time: \"1\\x1b[2J\\x07\\x7f\\x09\"\n"},
+        ToolCase{"LongArgumentCut", {"NLNUM", std::string(100000, '7') + "x"}, 2, "",
+                 ": \"" + std::string(60, '7') + "... (100001 bytes)\"\n"},
+        ToolCase{"LongFormatNameCut", {std::string(100, 'N') + "8.", "1"}, 2, "",
+                 "unknown format \"" + std::string(60, 'N') + "... (100 bytes)\" (corvinel-fmt --list"},
+        ToolCase{"LongLocaleCut", {"--locale", std::string(70, 'q') + "\x1b", "NLNUM", "1"}, 2, "",
+                 "unknown locale \"" + std::string(60, 'q') + "... (71 bytes)\""},
+        ToolCase{"ItemNumberEscaped", {"--item", "1\x1b"}, 2, "", "--item is not a number: \"1\\x1b\"\n"}),
     name_of);
 
 // The stand-in reports the request it receives: w<width> d<decimals>
@@ -344,8 +358,8 @@ INSTANTIATE_TEST_SUITE_P(
                  "w20 d2 c402 f0 l0 x0 o0 vfff0000000000000 e=-\n", ""},
         ToolCase{"LocaleFromTheEnvironmentIsReplaced", {kStub, "--locale", "ja_JP", "NLECHO", "0"}, 0,
                  "w20 d2 c402 f0 l0 x0 o0 v0000000000000000 e=ja_JP\n", "", "ORB_LOCALE=fr_FR"},
-        ToolCase{"OneValueFails", {kStub, "--capacity", "6", "NLFLAKY", "1", "-1", "2"}, 3,
-                 "w20 d2\nw20 d2\n", "corvinel-fmt: result 7\n"},
+        ToolCase{"OneValueFails", {kStub, "--capacity", "6", "NLFLAKY6.", "1", "-1", "2"}, 3,
+                 "w6 d2 \nw6 d2 \n", "corvinel-fmt: result 7\n"},
         ToolCase{"FormatWritesPastItsBuffer", {kStub, "NLOVERRUN", "1"}, 3, "", "wrote past its buffer"},
         ToolCase{"FormatClaimsTooMuch", {kStub, "NLOVERLONG", "1"}, 3, "", "outlen 403 lies outside"},
         ToolCase{"ClassicBestWidthAndDecimals99", {kStub, "--classic", "best.2", "1"}, 0,
@@ -356,9 +370,9 @@ INSTANTIATE_TEST_SUITE_P(
                  "the module has no classic routine zfmcma"},
         ToolCase{"Item", {kStub, "--item", "7", "--locale-number", "3"}, 0, "item 7 of locale 3\n", ""},
         // Each locale by its number, its code read from the module.
-        ToolCase{"AllLocalesByNumber", {kStub, "--all-locales", "--capacity=8", "NLECHO", "1"}, 0, [] {
-                   std::string out = "de_DE  w20 d2 c\nja_JP  w20 d2 c\nfr_FR  w20 d2 c\n";
-                   for (int n = 4; n <= 136; ++n) out += "zz_ZZ  w20 d2 c\n";
+        ToolCase{"AllLocalesByNumber", {kStub, "--all-locales", "--capacity=8", "NLECHO8.", "1"}, 0, [] {
+                   std::string out = "de_DE  w8 d2 c8\nja_JP  w8 d2 c8\nfr_FR  w8 d2 c8\n";
+                   for (int n = 4; n <= 136; ++n) out += "zz_ZZ  w8 d2 c8\n";
                    return out;
                  }(), ""},
         ToolCase{"ItemAbsent", {kStub, "--item", "9"}, 3, "", "locale item 9: result -1"},

@@ -24,6 +24,8 @@ constexpr LocaleRecipe kRecipes[] = {
     {kLatin1Locale, "de_DE", "ISO-8859-1"},
     {kEucJpLocale, "ja_JP", "EUC-JP"},
     {kTurkishUtf8Locale, "tr_TR", "UTF-8"},
+    {kLatin9Locale, "fr_FR", "ISO-8859-15"},
+    {kTwoByteDecimalLocale, "ps_AF", "UTF-8"},
     {kUnknownCodesetLocale, "de_DE", ""},
 };
 
