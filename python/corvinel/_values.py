@@ -139,7 +139,10 @@ def check_kind(col: Column, kind: str) -> None:
     """Refuses a time for a date or datetime format and a date for a time
     format, in the host tool's words."""
     if col.storage == TIMEDELTA64 and kind in ("date", "datetime"):
-        raise ValueError(f'a time has no date: "{_first_present(col)}"')
+        present = _first_present(col)
+        if present:
+            raise ValueError(f'a time has no date: "{present}"')
     if col.storage == DATETIME64 and col.ticks_per_second == 0 and kind == "time":
-        if np.any(col.data != np.iinfo(np.int64).min):
-            raise ValueError(f'a date has no time of day: "{_first_present(col)}"')
+        present = _first_present(col)
+        if present:
+            raise ValueError(f'a date has no time of day: "{present}"')
