@@ -62,7 +62,7 @@ core = Pybind11Extension(
     sources=["python/src/core_module.cpp", "python/src/render_columns.cpp"],
     include_dirs=[str(ROOT / "include"), str(ROOT / "python" / "src")],
     cxx_std=20,
-    extra_compile_args=["-O2", "-Wall", "-Wextra"],
+    extra_compile_args=["-O2", "-Wall", "-Wextra", "-Werror"],
     extra_link_args=["-Wl,-rpath,$ORIGIN", "-pthread"],
 )
 
