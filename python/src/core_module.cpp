@@ -120,7 +120,6 @@ PYBIND11_MODULE(_core, m) {
   m.def("registry", &registry);
   m.def("locale_records", &locale_records);
   m.def("open_session", &open_session);
-  m.def("host_day_number", &host_day_number);
   m.def("render", &render, py::arg("values"), py::arg("storage"), py::arg("ticks_per_second"),
         py::arg("format_index"), py::arg("width"), py::arg("decimals"), py::arg("locale_number"), py::arg("kind"),
         py::arg("session"), py::arg("codeset"), py::arg("strip"), py::arg("threads"));

@@ -146,16 +146,19 @@ int32_t render_range(const Column &column, const Rendering &rendering, const Ses
   Decoder decoder(session);
   const int32_t capacity = std::max(rendering.width, kExpansionRoom);
   std::vector<char> field(static_cast<std::size_t>(capacity));
+  // Every request differs from this one only in its value and what the
+  // format reports back.
+  // No limit checks (the package checked the limits), the session's own
+  // encoding rather than 16-bit units.
+  const fmtreq prepared{.width = rendering.width, .decimals = rendering.decimals, .value = nullptr,
+                        .reserved = nullptr, .output = field.data(), .capacity = capacity, .outlen = 0,
+                        .host_private = {0, 0}, .flags = 0, .locale = rendering.locale_number,
+                        .xcode_a = 0, .xcode_b = 0, .xcode_state = 0};
   int32_t failure = 0;
   for (std::size_t i = first; i < last; ++i) {
     double value = host_value(column, i, rendering.kind);
-    fmtreq request{};
-    request.width = rendering.width;
-    request.decimals = rendering.decimals;
+    fmtreq request = prepared;
     request.value = &value;
-    request.output = field.data();
-    request.capacity = capacity;
-    request.locale = rendering.locale_number;
     const int32_t result = rendering.render(&request);
     if (result != 0 || request.outlen < 0 || request.outlen > capacity) {
       if (failure == 0) failure = result != 0 ? result : -1;
