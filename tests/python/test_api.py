@@ -66,6 +66,15 @@ def test_missing_values_render_the_hosts_missing_value(value, fmt):
     assert list(corvinel.format(pd.Series([value, None], dtype=object), fmt, "de_DE")) == [expected] * 2
 
 
+@pytest.mark.parametrize("mark", ["A", "Z", "_"])
+def test_the_hosts_special_missing_values_keep_their_mark(mark):
+    # NaNs with the top 16 bits set and the negated index of the mark in
+    # " _.ABC..Z" in bits 47..40.
+    code = -(" _.ABCDEFGHIJKLMNOPQRSTUVWXYZ".index(mark)) & 0xFF
+    value = np.array([0xFFFF000000000000 | code << 40], dtype=np.uint64).view(np.float64)
+    assert list(corvinel.format(value, "NLNUM10.2", "de_DE")) == tool_lines("NLNUM10.2", "de_DE", ["." + mark])
+
+
 def test_pandas_nullable_columns_render_na_as_missing():
     ints = pd.Series([1234, None, -5], dtype="Int64")
     assert list(corvinel.format(ints, "NLNUM8.0", "de_DE", strip=True)) == ["1.234", ".", "-5"]
