@@ -109,3 +109,19 @@ def test_a_day_the_host_calendar_lacks_is_missing(fmt):
     leap_day = np.array(["4000-02-29", "4000-03-01"], dtype="datetime64[D]")
     text = corvinel.format(leap_day, fmt, "en_US", strip=True)
     assert text[0] == "." and text[1] != "."
+
+
+def time_of_microseconds(micros):
+    seconds, micro = divmod(int(micros), 10**6)
+    hours, rest = divmod(seconds, 3600)
+    return dt.time(hours, rest // 60, rest % 60, micro)
+
+
+@given(st.sampled_from(["D", "h", "m", "s", "ms", "us", "ns", "30m"]),
+       st.lists(st.times(), min_size=1, max_size=12))
+def test_timedelta64_in_any_unit_agrees_with_time_objects(unit, values):
+    micros = np.array([((t.hour * 60 + t.minute) * 60 + t.second) * 10**6 + t.microsecond for t in values])
+    array = micros.astype("timedelta64[us]").astype(f"timedelta64[{unit}]")  # cut to the unit
+    kept = [time_of_microseconds(us) for us in array.astype("timedelta64[us]").astype(np.int64)]
+    expected = [corvinel.format(t, "NLTIME20.2", "sv_SE") for t in kept]
+    assert list(corvinel.format(array, "NLTIME20.2", "sv_SE")) == expected
