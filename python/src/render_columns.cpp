@@ -58,28 +58,19 @@ double seconds_of_ticks(int64_t ticks, int64_t ticks_per_second) {
   return static_cast<double>(whole) + static_cast<double>(within_minute) / static_cast<double>(ticks_per_second);
 }
 
-double from_datetime64(int64_t ticks, int64_t ticks_per_second, ValueKind kind) {
-  const int64_t ticks_per_day = ticks_per_second == 0 ? 1 : kSecondsPerDay * ticks_per_second;
-  const int64_t days = floor_div(ticks, ticks_per_day);
-  const int64_t within_day = ticks - days * ticks_per_day;
-  const bool has_time = ticks_per_second != 0;
-  const double time_of_day = has_time ? seconds_of_ticks(within_day, ticks_per_second) : 0.0;
-  if (kind == ValueKind::kTime) return time_of_day;
-  const Civil civil = civil_from_days(days);
-  const double day_number = host_day_number(civil.year, civil.month, civil.day);
-  if (zmiss(day_number) != 0) return day_number;
-  if (kind == ValueKind::kDate || (kind == ValueKind::kNumber && !has_time)) return day_number;
-  return day_number * static_cast<double>(kSecondsPerDay) + time_of_day;
-}
-
 // UTF-8 bytes as code points; a byte that starts no valid sequence becomes
 // U+FFFD.  At most `room` characters.
 std::size_t decode_utf8(const unsigned char *bytes, std::size_t length, char32_t *out, std::size_t room) {
   std::size_t written = 0;
   for (std::size_t i = 0; i < length && written < room;) {
     const unsigned char lead = bytes[i];
-    std::size_t extra = lead < 0x80 ? 0 : (lead >> 5) == 0x6 ? 1 : (lead >> 4) == 0xE ? 2 : (lead >> 3) == 0x1E ? 3 : 9;
-    char32_t c = extra == 0 ? lead : extra == 1 ? (lead & 0x1F) : extra == 2 ? (lead & 0x0F) : (lead & 0x07);
+    if (lead < 0x80) {  // most of every field
+      out[written++] = lead;
+      ++i;
+      continue;
+    }
+    const std::size_t extra = (lead >> 5) == 0x6 ? 1 : (lead >> 4) == 0xE ? 2 : (lead >> 3) == 0x1E ? 3 : 9;
+    char32_t c = extra == 1 ? (lead & 0x1F) : extra == 2 ? (lead & 0x0F) : (lead & 0x07);
     bool valid = extra != 9;
     for (std::size_t k = 1; valid && k <= extra; ++k) {
       if (i + k >= length || (bytes[i + k] & 0xC0) != 0x80) {
@@ -144,6 +135,7 @@ int32_t render_range(const Column &column, const Rendering &rendering, const Ses
                      std::size_t slot, std::size_t first, std::size_t last) {
   const locale_t previous = uselocale(session.locale);
   Decoder decoder(session);
+  HostValues host_values(column, rendering.kind);
   const int32_t capacity = std::max(rendering.width, kExpansionRoom);
   std::vector<char> field(static_cast<std::size_t>(capacity));
   // Every request differs from this one only in its value and what the
@@ -156,7 +148,7 @@ int32_t render_range(const Column &column, const Rendering &rendering, const Ses
                         .xcode_a = 0, .xcode_b = 0, .xcode_state = 0};
   int32_t failure = 0;
   for (std::size_t i = first; i < last; ++i) {
-    double value = host_value(column, i, rendering.kind);
+    double value = host_values(i);
     fmtreq request = prepared;
     request.value = &value;
     const int32_t result = rendering.render(&request);
@@ -196,19 +188,49 @@ double host_day_number(int64_t year, int64_t month, int64_t day) {
                              floor_div(y, 4000) - 715875);
 }
 
-double host_value(const Column &column, std::size_t index, ValueKind kind) {
-  switch (column.storage) {
+double HostValues::day_number(int64_t days_from_1970) {
+  const Civil civil = civil_from_days(days_from_1970);
+  // Within a month the days follow each other in both calendars, so the
+  // module's calendar is asked once per month met, for its first day.  The
+  // 29 February of a year divisible by 4000, which only Python's calendar
+  // has, goes to it on its own (and comes back missing).
+  const bool in_module_calendar = civil.year >= 1582 && civil.year <= 20000;
+  if (!in_module_calendar || (civil.month == 2 && civil.day == 29 && civil.year % 4000 == 0)) {
+    return host_day_number(civil.year, civil.month, civil.day);
+  }
+  const int64_t month = civil.year * 12 + civil.month - 1;
+  MonthStart &slot = months_[static_cast<std::size_t>(month) % kMonthSlots];
+  if (slot.month != month) slot = {month, host_day_number(civil.year, civil.month, 1)};
+  return slot.day_number + static_cast<double>(civil.day - 1);
+}
+
+double HostValues::from_datetime64(int64_t ticks) {
+  const int64_t ticks_per_second = column_.ticks_per_second;
+  const int64_t ticks_per_day = ticks_per_second == 0 ? 1 : kSecondsPerDay * ticks_per_second;
+  const int64_t days = floor_div(ticks, ticks_per_day);
+  const int64_t within_day = ticks - days * ticks_per_day;
+  const bool has_time = ticks_per_second != 0;
+  const double time_of_day = has_time ? seconds_of_ticks(within_day, ticks_per_second) : 0.0;
+  if (kind_ == ValueKind::kTime) return time_of_day;
+  const double date = day_number(days);
+  if (zmiss(date) != 0) return date;
+  if (kind_ == ValueKind::kDate || (kind_ == ValueKind::kNumber && !has_time)) return date;
+  return date * static_cast<double>(kSecondsPerDay) + time_of_day;
+}
+
+double HostValues::operator()(std::size_t index) {
+  switch (column_.storage) {
     case ColumnStorage::kDouble: {
-      const double value = static_cast<const double *>(column.data)[index];
+      const double value = static_cast<const double *>(column_.data)[index];
       return std::isnan(value) && zmiss(value) == 0 ? std_miss_val : value;
     }
     case ColumnStorage::kDatetime64: {
-      const int64_t ticks = static_cast<const int64_t *>(column.data)[index];
-      return ticks == kNaT ? std_miss_val : from_datetime64(ticks, column.ticks_per_second, kind);
+      const int64_t ticks = static_cast<const int64_t *>(column_.data)[index];
+      return ticks == kNaT ? std_miss_val : from_datetime64(ticks);
     }
     case ColumnStorage::kTimedelta64: {
-      const int64_t ticks = static_cast<const int64_t *>(column.data)[index];
-      return ticks == kNaT ? std_miss_val : seconds_of_ticks(ticks, column.ticks_per_second);
+      const int64_t ticks = static_cast<const int64_t *>(column_.data)[index];
+      return ticks == kNaT ? std_miss_val : seconds_of_ticks(ticks, column_.ticks_per_second);
     }
   }
   return std_miss_val;

@@ -51,13 +51,32 @@ struct Rendering {
   bool strip = false;
 };
 
-// The host's value of element `index` for a format of `kind`: a date as its
-// day number from 1 January 1960 (by year, month and day through the
+// The host's values of a column's elements for a format of `kind`: a date
+// as its day number from 1 January 1960 (by year, month and day through the
 // module's calendar, so that the host shows the date numpy holds), a
 // datetime as seconds from that midnight, a time as seconds since midnight.
 // NaN, NaT and dates the host's calendar lacks give the standard missing
 // value; a NaN that already is one of the host's missing values is kept.
-double host_value(const Column &column, std::size_t index, ValueKind kind);
+// One per thread: it remembers the day numbers of the months it met.
+class HostValues {
+ public:
+  HostValues(const Column &column, ValueKind kind) : column_(column), kind_(kind) {}
+  double operator()(std::size_t index);
+
+ private:
+  double from_datetime64(int64_t ticks);
+  double day_number(int64_t days_from_1970);
+
+  struct MonthStart {
+    int64_t month = INT64_MIN;  // year * 12 + month - 1
+    double day_number = 0;      // of its first day
+  };
+  static constexpr std::size_t kMonthSlots = 1024;
+
+  const Column &column_;
+  ValueKind kind_;
+  MonthStart months_[kMonthSlots];
+};
 
 // The host's day number of a proleptic Gregorian date.
 double host_day_number(int64_t year, int64_t month, int64_t day);
