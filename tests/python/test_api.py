@@ -51,8 +51,10 @@ def test_a_value_of_the_wrong_kind_is_refused_as_the_tool_refuses_it(value, fmt,
 
 @pytest.mark.parametrize("value", ["text", b"bytes", [dt.date(2003, 2, 24), 1.5], object()])
 def test_values_that_are_no_number_date_or_time_are_refused(value):
-    with pytest.raises(ValueError, match="VALUE is not a number, date or time"):
+    with pytest.raises(ValueError, match="VALUE is not a number, date or time") as raised:
         corvinel.format(np.array(value, dtype=object) if isinstance(value, list) else value, "NLNUM12.2")
+    if isinstance(value, str):
+        assert str(raised.value) == tool_error("NLNUM12.2", "en_US", [value])
 
 
 MISSING = [None, float("nan"), np.nan, pd.NaT, pd.NA, np.datetime64("NaT"), np.timedelta64("NaT")]
