@@ -32,29 +32,28 @@ def kind_code(kind: str) -> int:
 
 
 def _is_missing(value: Any) -> bool:
-    if value is None:
+    if value is None or type(value).__name__ == "NAType":  # pandas' NA has no truth value
         return True
     try:
         return bool(value != value)  # NaN and NaT differ from themselves
-    except TypeError:
-        return True  # pandas' NA, whose comparisons give NA, which has no truth value
+    except (TypeError, ValueError):
+        return False
 
 
 def _ticks_column(array: np.ndarray) -> Column:
     unit, count = np.datetime_data(array.dtype)
-    storage = DATETIME64 if array.dtype.kind == "M" else TIMEDELTA64
-    if unit in ("Y", "M") and storage == TIMEDELTA64:
+    timedelta = array.dtype.kind == "m"
+    if timedelta and unit in ("Y", "M"):
         raise ValueError(f"VALUE is not a number, date or time: a timedelta in unit {unit}")
     if unit == "generic":
-        unit, count = "D", 1
-    if unit in _CAST_TO or count != 1:
-        unit = _CAST_TO.get(unit, unit)
-        if storage == TIMEDELTA64 and unit == "D":
-            unit = "s"
-        array = array.astype(f"{array.dtype.kind}8[{unit}]")
-    if storage == TIMEDELTA64 and unit == "D":
-        array, unit = array.astype("timedelta64[s]"), "s"
-    return Column(np.ascontiguousarray(array.view(np.int64)), storage, _TICKS_PER_SECOND[unit])
+        unit = "s" if timedelta else "D"
+    target = _CAST_TO.get(unit, unit)
+    if timedelta and target == "D":  # a time of day is read in seconds
+        target = "s"
+    if target != unit or count != 1:
+        array = array.astype(f"{array.dtype.kind}8[{target}]")
+    return Column(np.ascontiguousarray(array.view(np.int64)), TIMEDELTA64 if timedelta else DATETIME64,
+                  _TICKS_PER_SECOND[target])
 
 
 def _wall(value: _dt.datetime) -> np.datetime64:
