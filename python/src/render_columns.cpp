@@ -152,8 +152,10 @@ int32_t render_range(const Column &column, const Rendering &rendering, const Ses
     fmtreq request = prepared;
     request.value = &value;
     const int32_t result = rendering.render(&request);
+    char32_t *text_out = out + i * slot;
     if (result != 0 || request.outlen < 0 || request.outlen > capacity) {
       if (failure == 0) failure = result != 0 ? result : -1;
+      std::fill_n(text_out, slot, U'\0');
       continue;
     }
     const char *text = field.data();
@@ -162,7 +164,8 @@ int32_t render_range(const Column &column, const Rendering &rendering, const Ses
       while (length > 0 && text[0] == ' ') ++text, --length;
       while (length > 0 && text[length - 1] == ' ') --length;
     }
-    decoder.decode(text, length, out + i * slot, slot);
+    const std::size_t written = decoder.decode(text, length, text_out, slot);
+    std::fill(text_out + written, text_out + slot, U'\0');  // numpy pads with NULs
   }
   uselocale(previous);
   return failure;
