@@ -19,8 +19,8 @@
 
 #include "corvinel/fmtreq.h"
 #include "corvinel/transcode.h"
+#include "encoding/output_expansion.h"
 #include "locale/locale_records.h"
-#include "locale/output_expansion.h"
 #include "nldate/field_attempt.h"
 #include "nlnum/number_engine.h"
 #include "support/session_locales.h"
@@ -47,9 +47,9 @@ void output_expansion(FuzzedDataProvider &in) {
   int32_t fast_len = static_cast<int32_t>(text.size()), reference_len = fast_len;
   int32_t fast_enc = 0, reference_enc = 0;
   const int32_t room = std::max(capacity, fast_len);
-  const int32_t a = corvinel::locale::getExpResultFromNarrowCharBuf(0, outenc, &fast_enc, fast.data(),
+  const int32_t a = corvinel::encoding::getExpResultFromNarrowCharBuf(0, outenc, &fast_enc, fast.data(),
                                                                    &fast_len, width, room);
-  const int32_t b = corvinel::locale::expand_output_per_call(0, outenc, &reference_enc, reference.data(),
+  const int32_t b = corvinel::encoding::expand_output_per_call(0, outenc, &reference_enc, reference.data(),
                                                             &reference_len, width, room);
   if (a != b || fast_len != reference_len || fast_enc != reference_enc || fast != reference) {
     differ("output expansion");
@@ -68,7 +68,7 @@ void transcoding(FuzzedDataProvider &in) {
   const auto *bytes = reinterpret_cast<const unsigned char *>(units.data());
   const auto n = static_cast<int32_t>(units.size());
   const int32_t a = obnlsTranscodeUnicode(encoding, bytes, n, fast.data(), outcap, &fast_len);
-  const int32_t b = corvinel::locale::transcode_unicode_per_call(encoding, bytes, n, reference.data(), outcap,
+  const int32_t b = corvinel::encoding::transcode_unicode_per_call(encoding, bytes, n, reference.data(), outcap,
                                                                  &reference_len);
   const auto used = static_cast<size_t>(std::clamp(fast_len, 0, static_cast<int32_t>(size)));
   if (a != b || fast_len != reference_len ||

@@ -12,7 +12,7 @@
 #include <cstring>
 #include <string>
 
-#include "locale/output_expansion.h"
+#include "encoding/output_expansion.h"
 #include "support/session_locales.h"
 
 namespace {
@@ -63,8 +63,8 @@ int main(int argc, char **argv) {
     const char *name;
     ExpandFn fn;
   };
-  constexpr Path kPaths[] = {{"per_call_iconv", corvinel::locale::expand_output_per_call},
-                             {"fast", corvinel::locale::getExpResultFromNarrowCharBuf}};
+  constexpr Path kPaths[] = {{"per_call_iconv", corvinel::encoding::expand_output_per_call},
+                             {"fast", corvinel::encoding::getExpResultFromNarrowCharBuf}};
   for (const Session &session : kSessions) {
     for (const Text &text : kTexts) {
       for (const Path &path : kPaths) {

@@ -13,13 +13,17 @@
 // followed, for a session encoding, by output expansion: where the compiled
 // form could differ it declines and the caller interprets the pattern.  The
 // tests compare the two over every directive in every locale.
+//
+// The parts: compiled_pattern.cpp compiles, compiled_program.h holds the
+// program's layout, pattern_memo.cpp the per-thread memo, program_run.cpp
+// runs a program and clock_run.cpp the clock-run fast path.
 #pragma once
 
 #include <cstdint>
 
 #include "corvinel/locale_db.h"
+#include "encoding/simple_expansion.h"
 #include "nldate/expansion_steps.h"
-#include "nlnum/simple_expansion.h"
 
 namespace corvinel::nldate {
 
@@ -29,18 +33,18 @@ namespace corvinel::nldate {
 enum class PieceEncoding : uint8_t { kSymbolic, kUtf8, kLatin1, kAscii };
 
 // The encoding of a session codeset; false for one the shortcut does not take.
-inline bool piece_encoding_of(nlnum::SessionCodeset codeset, PieceEncoding &encoding) noexcept {
+inline bool piece_encoding_of(encoding::SessionCodeset codeset, PieceEncoding &encoding) noexcept {
   switch (codeset) {
-    case nlnum::SessionCodeset::kUtf8:
+    case encoding::SessionCodeset::kUtf8:
       encoding = PieceEncoding::kUtf8;
       return true;
-    case nlnum::SessionCodeset::kLatin1:
+    case encoding::SessionCodeset::kLatin1:
       encoding = PieceEncoding::kLatin1;
       return true;
-    case nlnum::SessionCodeset::kAscii:
+    case encoding::SessionCodeset::kAscii:
       encoding = PieceEncoding::kAscii;
       return true;
-    case nlnum::SessionCodeset::kOther:
+    case encoding::SessionCodeset::kOther:
       break;
   }
   return false;

@@ -4,9 +4,9 @@
 #include <cstring>
 
 #include "corvinel/text.h"
-#include "locale/output_expansion.h"
-#include "locale/transcode_steps.h"
-#include "nlnum/request_expansion.h"
+#include "encoding/output_expansion.h"
+#include "encoding/request_expansion.h"
+#include "encoding/transcode_steps.h"
 
 namespace corvinel::nldate {
 namespace {
@@ -44,7 +44,7 @@ int32_t cut_for_result_only(const char *text, int32_t length, int32_t width) {
     i += step;
     if (units == width + 1) cut = i;
   }
-  return units > width && units <= locale::kMaxUnits ? cut : length;
+  return units > width && units <= encoding::kMaxUnits ? cut : length;
 }
 
 }  // namespace
@@ -53,17 +53,17 @@ int32_t place_at_start(fmtreq &request, const char *text, int32_t length, Accept
   // Expansion never yields more than one conversion step, so a work buffer
   // of that size with the room cut to it gives the same results as
   // expanding in a buffer of the request's capacity.
-  if (length > locale::kStepCapacity) return locale::kExpansionImpossible;
+  if (length > encoding::kStepCapacity) return encoding::kExpansionImpossible;
   // A text of no more bytes than the width has no more units either.
   if (accept == Accept::kWhole && length > request.width) {
     length = cut_for_result_only(text, length, request.width);
   }
-  char work[locale::kStepCapacity];
+  char work[encoding::kStepCapacity];
   std::memcpy(work, text, static_cast<std::size_t>(std::max(length, 0)));
   int32_t expanded = length;
-  const int32_t room = std::min(request.capacity, locale::kStepCapacity);
-  const int32_t result = nlnum::expand_for_request(request, work, &expanded, room);
-  const int32_t limit = accept == Accept::kWhole ? 0 : locale::kExpansionShortened;
+  const int32_t room = std::min(request.capacity, encoding::kStepCapacity);
+  const int32_t result = encoding::expand_for_request(request, work, &expanded, room);
+  const int32_t limit = accept == Accept::kWhole ? 0 : encoding::kExpansionShortened;
   if (result > limit) return result;
   std::memset(request.output, ' ', static_cast<std::size_t>(request.capacity));
   std::memcpy(request.output, work, static_cast<std::size_t>(expanded));
@@ -92,15 +92,15 @@ int32_t left_justify(fmtreq &request) {
 
 int32_t left_justify_and_expand(fmtreq &request) {
   left_justify(request);
-  return nlnum::expand_for_request(request, request.output, &request.outlen, request.capacity);
+  return encoding::expand_for_request(request, request.output, &request.outlen, request.capacity);
 }
 
-int32_t left_justify_and_expand(fmtreq &request, nlnum::SessionCodeset codeset) {
+int32_t left_justify_and_expand(fmtreq &request, encoding::SessionCodeset codeset) {
   left_justify(request);
-  int32_t delivered = nlnum::delivered_encoding(request);
-  const int32_t result = nlnum::expand_output(codeset, request.xcode_b, &delivered, request.output,
+  int32_t delivered = encoding::delivered_encoding(request);
+  const int32_t result = encoding::expand_output(codeset, request.xcode_b, &delivered, request.output,
                                               &request.outlen, request.width, request.capacity);
-  nlnum::set_delivered_encoding(request, delivered);
+  encoding::set_delivered_encoding(request, delivered);
   return result;
 }
 

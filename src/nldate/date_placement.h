@@ -6,7 +6,7 @@
 #include <cstdint>
 
 #include "corvinel/fmtreq.h"
-#include "nlnum/simple_expansion.h"
+#include "encoding/simple_expansion.h"
 
 namespace corvinel::nldate {
 
@@ -31,6 +31,6 @@ int32_t left_justify_and_expand(fmtreq &request);
 
 // The same with the session codeset already read for the call (output
 // expansion's shortcut, which gives the same results).
-int32_t left_justify_and_expand(fmtreq &request, nlnum::SessionCodeset codeset);
+int32_t left_justify_and_expand(fmtreq &request, encoding::SessionCodeset codeset);
 
 }  // namespace corvinel::nldate

@@ -2,10 +2,10 @@
 
 #include <cstring>
 
-#include "locale/output_expansion.h"
-#include "locale/transcode_steps.h"
+#include "encoding/output_expansion.h"
+#include "encoding/request_expansion.h"
+#include "encoding/transcode_steps.h"
 #include "nldate/pattern_expander.h"
-#include "nlnum/request_expansion.h"
 
 namespace corvinel::nldate {
 namespace {
@@ -26,7 +26,7 @@ int32_t general_attempt(fmtreq &request, const EntryExpansion &entry, Accept acc
     return expanded;
   }
   const int32_t result = place_at_start(request, work, length, accept);
-  placed = result <= (accept == Accept::kWhole ? 0 : locale::kExpansionShortened);
+  placed = result <= (accept == Accept::kWhole ? 0 : encoding::kExpansionShortened);
   return result;
 }
 

@@ -17,9 +17,9 @@
 #include <cstring>
 
 #include "corvinel/fmtreq.h"
+#include "encoding/output_expansion.h"
+#include "encoding/transcode_steps.h"
 #include "frame/exact_copy.h"
-#include "locale/output_expansion.h"
-#include "locale/transcode_steps.h"
 #include "nldate/compiled_pattern.h"
 #include "nldate/date_placement.h"
 #include "nldate/entry_routines.h"
@@ -32,7 +32,7 @@ struct AttemptSession {
   bool compiled = false;  // the compiled path may lay the text
   PieceEncoding encoding = PieceEncoding::kSymbolic;
   ZoneReading zone;       // TZ, when the call read it with ORB_LOCALE
-  nlnum::SessionCodeset codeset = nlnum::SessionCodeset::kOther;
+  encoding::SessionCodeset codeset = encoding::SessionCodeset::kOther;
   CompiledPatternMemo *patterns = nullptr;  // this thread's, when `compiled`
 };
 
@@ -40,7 +40,7 @@ inline AttemptSession read_attempt_session(const fmtreq &request,
                                            const ZoneReading &zone = {}) noexcept {
   AttemptSession session;
   session.zone = zone;
-  session.codeset = nlnum::read_session_codeset();
+  session.codeset = encoding::read_session_codeset();
   // 16-bit units are left to output expansion.
   session.compiled = request.xcode_b != CORVINEL_ENC_UTF16LE &&
                      piece_encoding_of(session.codeset, session.encoding);
@@ -86,7 +86,7 @@ inline void lay(fmtreq &request, const char *text, int32_t length) noexcept {
                 : render_clock_run(*program, entry.hour(), entry.minute(), entry.second(),
                                    request.output, request.width);
         if (clock.outcome == RenderOutcome::kRendered) {
-          if (clock.length > request.width) return locale::kExpansionShortened;
+          if (clock.length > request.width) return encoding::kExpansionShortened;
           std::memset(request.output + clock.length, ' ',
                       static_cast<std::size_t>(request.capacity - clock.length));
           request.outlen = clock.length;
@@ -99,7 +99,7 @@ inline void lay(fmtreq &request, const char *text, int32_t length) noexcept {
               request.width &&
           certainly_too_long(*program, entry.date(), entry.hour(), entry.minute(), entry.second(),
                              entry.fraction_digits(), request.width)) {
-        return locale::kExpansionShortened;
+        return encoding::kExpansionShortened;
       }
       char text[kRenderBufferSize];
       const RenderedText rendered =
@@ -111,8 +111,8 @@ inline void lay(fmtreq &request, const char *text, int32_t length) noexcept {
       // within one step; past either the general path decides.  A text
       // longer than the work area is cut there, possibly inside an escape.
       const bool measured = rendered.outcome == RenderOutcome::kRendered &&
-                            rendered.units <= locale::kMaxUnits &&
-                            rendered.utf8 <= locale::kStepCapacity;
+                            rendered.units <= encoding::kMaxUnits &&
+                            rendered.utf8 <= encoding::kStepCapacity;
       if (measured && rendered.symbolic > kWorkAreaSize && accept == Accept::kWhole) {
         return kExpandTooLong;  // the expansion did not fit the work area
       }
@@ -122,7 +122,7 @@ inline void lay(fmtreq &request, const char *text, int32_t length) noexcept {
           placed = true;
           return rendered.length - request.width;
         }
-        if (accept == Accept::kWhole) return locale::kExpansionShortened;
+        if (accept == Accept::kWhole) return encoding::kExpansionShortened;
         // Cut back a character at a time until the text fits: in UTF-8 to
         // the start of the character that would cross the width.
         int32_t cut = request.width;
@@ -131,7 +131,7 @@ inline void lay(fmtreq &request, const char *text, int32_t length) noexcept {
         }
         lay(request, text, cut);
         placed = true;
-        return locale::kExpansionShortened;
+        return encoding::kExpansionShortened;
       }
     }
   }

@@ -65,7 +65,7 @@ int32_t try_pattern(fmtreq &request, const locitem *record, const AttemptSession
 // A classic rendering of `value` into the request (the value pointer
 // pointed at it for the call), then stripped, left-justified and expanded.
 int32_t classic_fallback(fmtreq &request, int32_t (*render)(fmtreq *), double value,
-                         nlnum::SessionCodeset codeset) {
+                         encoding::SessionCodeset codeset) {
   const double *own = request.value;
   request.value = &value;
   const int32_t result = render(&request);

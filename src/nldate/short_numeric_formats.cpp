@@ -8,9 +8,9 @@
 #include "corvinel/calendar.h"
 #include "corvinel/formats.h"
 #include "corvinel/missing.h"
+#include "encoding/transcode_steps.h"
 #include "frame/format_frame.h"
 #include "locale/locale_records.h"
-#include "locale/transcode_steps.h"
 #include "nldate/date_frame.h"
 #include "nldate/date_placement.h"
 #include "nldate/entry_routines.h"
@@ -103,7 +103,7 @@ class ShortText {
   int32_t room() const { return static_cast<int32_t>(sizeof bytes_) - length_; }
   void grow(int32_t n) { length_ += n; }
   const char *bytes() const { return bytes_; }
-  int32_t length() const { return overflow_ ? locale::kStepCapacity + 1 : length_; }
+  int32_t length() const { return overflow_ ? encoding::kStepCapacity + 1 : length_; }
 
  private:
   static int32_t count_digits(int64_t value) {
@@ -114,7 +114,7 @@ class ShortText {
     }
     return n;
   }
-  char bytes_[locale::kStepCapacity];
+  char bytes_[encoding::kStepCapacity];
   int32_t length_ = 0;
   bool overflow_ = false;
 };

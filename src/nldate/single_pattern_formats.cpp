@@ -7,13 +7,13 @@
 #include <string_view>
 
 #include "corvinel/formats.h"
+#include "encoding/output_expansion.h"
 #include "frame/format_frame.h"
 #include "frame/registry.h"
-#include "locale/output_expansion.h"
 #include "locale/locale_records.h"
 #include "nldate/date_placement.h"
-#include "nldate/field_attempt.h"
 #include "nldate/date_value.h"
+#include "nldate/field_attempt.h"
 #include "nldate/pattern_expander.h"
 #include "nldate/pattern_format.h"
 #include "nldate/short_numeric_form.h"
@@ -131,14 +131,14 @@ int32_t render_single_pattern(fmtreq &request, const SinglePatternFormat &format
   EntryExpansion expansion;
   if (expansion.prepare(format.kind, locale::select_record(request.locale), entry.text, selector,
                         request.decimals, value) != 0) {
-    return locale::kExpansionImpossible;
+    return encoding::kExpansionImpossible;
   }
   bool placed = false;
   const int32_t result = attempt_in_field(request, expansion, Accept::kShortened,
                                           read_attempt_session(request), placed);
   if (placed) return CORVINEL_OK;
   // An unknown directive counts as a text output expansion cannot convert.
-  return result < 0 ? locale::kExpansionImpossible : result;
+  return result < 0 ? encoding::kExpansionImpossible : result;
 }
 
 int32_t single_pattern_frame(fmtreq *request, const SinglePatternFormat &format) {

@@ -8,8 +8,8 @@
 #include "corvinel/formats.h"
 #include "corvinel/locale_db.h"
 #include "corvinel/missing.h"
+#include "encoding/request_expansion.h"
 #include "frame/format_frame.h"
-#include "nlnum/request_expansion.h"
 
 namespace corvinel::nlnum {
 namespace {
@@ -111,7 +111,7 @@ int32_t render_with_locale_separators(fmtreq &request, const ClassicBasedFormat 
                                       int32_t caller_capacity) {
   const int32_t classic_result = render_classic(request, format.classic);
   put_locale_separators(request);
-  if (expand_for_request(request, request.output, &request.outlen, caller_capacity) <= 0) {
+  if (encoding::expand_for_request(request, request.output, &request.outlen, caller_capacity) <= 0) {
     return CORVINEL_OK;
   }
   frame::fill_stars(request);

@@ -26,10 +26,10 @@
 #include <cstring>
 
 #include "corvinel/currency.h"
+#include "encoding/output_expansion.h"
 #include "frame/format_frame.h"
 #include "frame/thread_memo.h"
 #include "locale/locale_records.h"
-#include "locale/output_expansion.h"
 #include "nlnum/currency_amounts.h"
 #include "nlnum/currency_layouts.h"
 #include "nlnum/digit_texts.h"
@@ -62,7 +62,7 @@ std::string_view shown_local_symbol(const fmtreq &request, const monetary_conven
   std::memcpy(expanded, symbol.data(), symbol.size());
   int32_t length = static_cast<int32_t>(symbol.size());
   int32_t encoding = 0;
-  locale::getExpResultFromNarrowCharBuf(request.xcode_a, 0, &encoding, expanded, &length,
+  encoding::getExpResultFromNarrowCharBuf(request.xcode_a, 0, &encoding, expanded, &length,
                                         kSymbolRoom, kSymbolRoom);
   if (std::memchr(expanded, '?', static_cast<std::size_t>(length)) != nullptr) {
     return text_or_empty(currency.int_curr_symbol);
@@ -75,7 +75,7 @@ class AmountFitting {
  public:
   AmountFitting(fmtreq &request, const MonetaryConvention &convention, std::string_view symbol,
                 const OnePassLayout *one_pass, const OnePassLayout *one_pass_without_symbol,
-                SessionCodeset codeset, double value)
+                encoding::SessionCodeset codeset, double value)
       : request_(request), value_(value), symbol_(symbol), convention_(convention),
         one_pass_(one_pass), one_pass_without_symbol_(one_pass_without_symbol), codeset_(codeset),
         negative_(value < 0) {}
@@ -204,7 +204,7 @@ class AmountFitting {
   // compose and expand.
   const OnePassLayout *one_pass_;
   const OnePassLayout *one_pass_without_symbol_;
-  const SessionCodeset codeset_;
+  const encoding::SessionCodeset codeset_;
   const FastNumberTexts texts_;
   const bool negative_;
   AssembledNumber number_;
@@ -225,14 +225,14 @@ struct CompiledAmount {
 
   bool filled = false;
   const locitem *record = nullptr;
-  SessionCodeset codeset = SessionCodeset::kOther;
+  encoding::SessionCodeset codeset = encoding::SessionCodeset::kOther;
   std::size_t symbol_length = 0;
   char symbol[kSymbolCapacity] = {};
   MonetaryConvention convention;
   OnePassLayout one_pass;
   OnePassLayout one_pass_without_symbol;
 
-  bool matches(const locitem *r, SessionCodeset c, std::string_view s) const {
+  bool matches(const locitem *r, encoding::SessionCodeset c, std::string_view s) const {
     if (!filled || record != r || codeset != c || s.size() != symbol_length) return false;
     // Symbols are a few bytes: a loop is cheaper than a call.
     for (std::size_t i = 0; i < symbol_length; ++i) {
@@ -243,7 +243,7 @@ struct CompiledAmount {
 
   // matches() for a NUL-terminated symbol, read no further than the kept
   // symbol's length and one byte: no measuring of the text first.
-  bool matches(const locitem *r, SessionCodeset c, const char *text) const {
+  bool matches(const locitem *r, encoding::SessionCodeset c, const char *text) const {
     if (!filled || record != r || codeset != c) return false;
     for (std::size_t i = 0; i < symbol_length; ++i) {
       if (text[i] != symbol[i]) return false;  // also stops at the text's NUL
@@ -257,7 +257,7 @@ struct CompiledAmount {
 thread_local CompiledAmount amount_memo[2];
 
 const CompiledAmount &compiled_amount(CurrencySymbol kind, const locitem *record,
-                                      SessionCodeset codeset, std::string_view shown) {
+                                      encoding::SessionCodeset codeset, std::string_view shown) {
   CompiledAmount &entry = frame::pinned(amount_memo)[kind == CurrencySymbol::LocalSymbol ? 1 : 0];
   if (!entry.matches(record, codeset, shown)) {
     const MonetaryConvention c = read_monetary_convention(record);
@@ -289,7 +289,7 @@ struct ShownAmount {
 };
 
 // compiled_amount for the currency's international code.
-ShownAmount compiled_code_amount(const locitem *record, SessionCodeset codeset, const char *code) {
+ShownAmount compiled_code_amount(const locitem *record, encoding::SessionCodeset codeset, const char *code) {
   const CompiledAmount &kept = frame::pinned(amount_memo)[0];
   if (code != nullptr && kept.matches(record, codeset, code)) {
     return {kept, std::string_view(code, kept.symbol_length)};
@@ -306,7 +306,7 @@ enum class Attempts { kOnePass, kGeneral };
 int32_t render_amount(fmtreq &request, const monetary_conventions &currency,
                       CurrencySymbol symbol, double value, Attempts attempts) {
   const locitem *record = locale::select_record(request.locale);
-  const SessionCodeset codeset = read_session_codeset();
+  const encoding::SessionCodeset codeset = encoding::read_session_codeset();
   // The general attempts measure the code as it stands: the reference for
   // the memo's match.
   const ShownAmount amount =

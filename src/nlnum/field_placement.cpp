@@ -2,9 +2,9 @@
 
 #include <cstring>
 
-#include "locale/output_expansion.h"
+#include "encoding/output_expansion.h"
+#include "encoding/request_expansion.h"
 #include "nlnum/number_assembly.h"
-#include "nlnum/request_expansion.h"
 
 namespace corvinel::nlnum {
 namespace {
@@ -22,19 +22,19 @@ void blank_fill_units(char *output, int32_t capacity, bool high_byte_first) {
 
 }  // namespace
 
-Placement place_right_aligned(fmtreq &request, SessionCodeset codeset, char *output,
+Placement place_right_aligned(fmtreq &request, encoding::SessionCodeset codeset, char *output,
                               int32_t width, const char *text, int32_t length,
                               int32_t expansion_capacity) {
   if (length < 0 || length > kExpansionBuffer) return Placement::kFailed;
   char buffer[kExpansionBuffer];
   std::memcpy(buffer, text, static_cast<std::size_t>(length));
   int32_t expanded = length;
-  int32_t encoding = delivered_encoding(request);
-  const int32_t result = expand_output(codeset, request.xcode_b, &encoding, buffer, &expanded,
+  int32_t encoding = encoding::delivered_encoding(request);
+  const int32_t result = encoding::expand_output(codeset, request.xcode_b, &encoding, buffer, &expanded,
                                       width, expansion_capacity);
-  set_delivered_encoding(request, encoding);
-  if (result == locale::kExpansionShortened) return Placement::kTooWide;
-  if (result > locale::kExpansionShortened) return Placement::kFailed;
+  encoding::set_delivered_encoding(request, encoding);
+  if (result == encoding::kExpansionShortened) return Placement::kTooWide;
+  if (result > encoding::kExpansionShortened) return Placement::kFailed;
 
   const int32_t shortfall = -result;
   const int32_t capacity = request.capacity;
@@ -54,7 +54,7 @@ Placement place_right_aligned(fmtreq &request, SessionCodeset codeset, char *out
 }
 
 int32_t expand_field_in_place(fmtreq &request) {
-  return expand_for_request(request, request.output, &request.outlen, request.capacity);
+  return encoding::expand_for_request(request, request.output, &request.outlen, request.capacity);
 }
 
 int32_t fill_overflow(fmtreq &request, char *output, int32_t width) {

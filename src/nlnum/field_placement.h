@@ -6,7 +6,7 @@
 #include <cstdint>
 
 #include "corvinel/fmtreq.h"
-#include "nlnum/simple_expansion.h"
+#include "encoding/simple_expansion.h"
 
 namespace corvinel::nlnum {
 
@@ -27,7 +27,7 @@ enum class Placement {
 //   - otherwise: starting width - its length bytes in, `outlen` = width.
 // A text that would pass `capacity` there fails.  Nothing is written unless
 // the text is placed.  Requires 1 <= width <= capacity.
-Placement place_right_aligned(fmtreq &request, SessionCodeset codeset, char *output,
+Placement place_right_aligned(fmtreq &request, encoding::SessionCodeset codeset, char *output,
                               int32_t width, const char *text, int32_t length,
                               int32_t expansion_capacity);
 

@@ -13,9 +13,9 @@
 #include "corvinel/formats.h"
 #include "corvinel/locale_db.h"
 #include "corvinel/unicode.h"
+#include "encoding/request_expansion.h"
+#include "encoding/transcode_steps.h"
 #include "frame/format_frame.h"
-#include "locale/transcode_steps.h"
-#include "nlnum/request_expansion.h"
 
 namespace corvinel::nlnum {
 namespace {
@@ -38,7 +38,7 @@ constexpr NameFormat kWeekdays{7, 128, 121};
 
 // Room of the work buffer: a name (at most an item text) and what output
 // expansion makes of it, which is never more than one conversion step.
-constexpr int32_t kWorkBytes = locale::kStepCapacity;
+constexpr int32_t kWorkBytes = encoding::kStepCapacity;
 
 // Upper case of 16-bit units in the byte order of the delivered encoding.
 void upper_case_units(char *text, int32_t length, bool high_byte_first) {
@@ -120,13 +120,13 @@ int32_t render_name(fmtreq &request, const NameFormat &format, double value) {
   std::memset(request.output, ' ', static_cast<std::size_t>(request.width));
   request.outlen = length;
   const int32_t room = std::min(request.capacity, kWorkBytes);
-  if (expand_for_request(request, work.data(), &request.outlen, room) >= 1) {
+  if (encoding::expand_for_request(request, work.data(), &request.outlen, room) >= 1) {
     return frame::fill_stars(request);
   }
   if ((request.decimals & kUpperCaseBit) != 0) {
-    if (delivers_16_bit_units(request)) {
+    if (encoding::delivers_16_bit_units(request)) {
       upper_case_units(work.data(), request.outlen,
-                       delivered_encoding(request) == CORVINEL_ENC_UTF16BE);
+                       encoding::delivered_encoding(request) == CORVINEL_ENC_UTF16BE);
     } else if (!upper_case_in_session_encoding(work.data(), request.outlen,
                                                std::min(request.width, room))) {
       return frame::fill_stars(request);

@@ -72,11 +72,11 @@ int32_t render_missing(fmtreq &request) {
 struct ReferenceSources {
   using Texts = PrintfNumberTexts;
   static constexpr bool kOnePass = false;
-  static SessionCodeset session_codeset() { return SessionCodeset::kOther; }
+  static encoding::SessionCodeset session_codeset() { return encoding::SessionCodeset::kOther; }
   // The convention, or null when it cannot be fetched; `storage` and
   // `convention` hold it for the call.
   static const locale::PatternConvention *fetch(int32_t locale, int32_t item,
-                                                SessionCodeset /*codeset*/, patsyms &storage,
+                                                encoding::SessionCodeset /*codeset*/, patsyms &storage,
                                                 locale::PatternConvention &convention,
                                                 const OnePassLayout *&one_pass) {
     one_pass = nullptr;
@@ -105,7 +105,7 @@ struct ReferenceSources {
 struct CompiledConvention {
   bool filled = false;
   const locitem *record = nullptr;
-  SessionCodeset codeset = SessionCodeset::kOther;
+  encoding::SessionCodeset codeset = encoding::SessionCodeset::kOther;
   locale::PatternConvention convention;
   OnePassLayout one_pass;
 };
@@ -120,7 +120,7 @@ const char *layout_of(const locale::PatternConvention &c, bool negative) {
 // The record and the codeset are still chosen on every call; a different
 // one recompiles.
 const CompiledConvention &compiled_convention(const locitem *record, int32_t item,
-                                              SessionCodeset codeset) {
+                                              encoding::SessionCodeset codeset) {
   thread_local CompiledConvention memo[6];
   CompiledConvention &entry = frame::pinned(memo)[item <= 171 ? item - 170 : item - 183 + 2];
   if (!entry.filled || entry.record != record || entry.codeset != codeset) {
@@ -140,9 +140,9 @@ const CompiledConvention &compiled_convention(const locitem *record, int32_t ite
 struct FastSources {
   using Texts = FastNumberTexts;
   static constexpr bool kOnePass = true;
-  static SessionCodeset session_codeset() { return read_session_codeset(); }
+  static encoding::SessionCodeset session_codeset() { return encoding::read_session_codeset(); }
   static const locale::PatternConvention *fetch(int32_t locale, int32_t item,
-                                                SessionCodeset codeset, patsyms & /*storage*/,
+                                                encoding::SessionCodeset codeset, patsyms & /*storage*/,
                                                 locale::PatternConvention & /*convention*/,
                                                 const OnePassLayout *&one_pass) {
     const CompiledConvention &compiled =
@@ -203,7 +203,7 @@ int exponent_attempt(const FastNumberTexts &texts, const OnePassLayout &layout, 
 template <typename Texts>
 [[gnu::noinline]] int general_attempt(const Texts &texts,
                                       const locale::PatternConvention &convention,
-                                      SessionCodeset codeset, bool fixed_too_wide, double value,
+                                      encoding::SessionCodeset codeset, bool fixed_too_wide, double value,
                                       FittingState &state, fmtreq &request, char *output, int w) {
   char digits[kDigitTextCapacity];
   // The fixed text is not written for nothing: once the field narrows only
@@ -269,7 +269,7 @@ struct FirstOnePass {
 template <typename Sources>
 [[gnu::noinline]] int32_t fit_by_attempts(const typename Sources::Texts &texts,
                                           const locale::PatternConvention &convention,
-                                          SessionCodeset codeset, const OnePassLayout *one_pass,
+                                          encoding::SessionCodeset codeset, const OnePassLayout *one_pass,
                                           FirstOnePass first, double value, fmtreq &request,
                                           char *output, const int32_t w) {
   FittingState state{first_decimals(convention, request)};
@@ -331,7 +331,7 @@ template <typename Sources>
 template <typename Sources>
 int32_t run_engine_on(char *output, int32_t width, int32_t item, fmtreq &request,
                       const double value) {
-  const SessionCodeset codeset = Sources::session_codeset();
+  const encoding::SessionCodeset codeset = Sources::session_codeset();
   patsyms storage;
   locale::PatternConvention fetched;
   const OnePassLayout *one_pass;

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <cstring>
 
+#include "encoding/request_expansion.h"
 #include "frame/exact_copy.h"
 #include "nlnum/digit_writing.h"
 #include "nlnum/number_assembly.h"
 #include "nlnum/one_pass_placement.h"
-#include "nlnum/request_expansion.h"
 
 namespace corvinel::nlnum {
 using one_pass::kNegative;
@@ -28,8 +28,8 @@ bool may_join_next_part(std::string_view part) {
   return part.find('<', tail) != std::string_view::npos;
 }
 
-bool encode(SessionCodeset codeset, std::string_view text, EncodedPiece &piece) {
-  const int32_t length = encode_in_session(codeset, text, piece.bytes, kPieceCapacity);
+bool encode(encoding::SessionCodeset codeset, std::string_view text, EncodedPiece &piece) {
+  const int32_t length = encoding::encode_in_session(codeset, text, piece.bytes, kPieceCapacity);
   if (length < 0) return false;
   piece.length = static_cast<uint8_t>(length);
   piece.symbolic = static_cast<uint16_t>(text.size());
@@ -60,7 +60,7 @@ class PartText {
 
 // Composes, strips and encodes what stands before and after the number for
 // one sign class, as compose_layout does for the whole text.
-bool compile_sign_class(const LayoutParts &parts, int sign_class, SessionCodeset codeset,
+bool compile_sign_class(const LayoutParts &parts, int sign_class, encoding::SessionCodeset codeset,
                         OnePassLayout &layout) {
   const bool negative = sign_class == kNegative;
   const char *pattern = negative ? parts.negative_layout : parts.positive_layout;
@@ -147,7 +147,7 @@ bool passes_layout_limits(const OnePassLayout &layout, const EncodedPiece &befor
 
 }  // namespace one_pass
 
-OnePassLayout compile_one_pass(const LayoutParts &parts, SessionCodeset codeset) {
+OnePassLayout compile_one_pass(const LayoutParts &parts, encoding::SessionCodeset codeset) {
   OnePassLayout layout;
   if (may_join_next_part(parts.decimal) || may_join_next_part(parts.separator) ||
       !encode(codeset, parts.decimal, layout.decimal) ||

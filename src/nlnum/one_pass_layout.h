@@ -18,9 +18,9 @@
 #include <string_view>
 
 #include "corvinel/fmtreq.h"
+#include "encoding/request_expansion.h"
+#include "encoding/simple_expansion.h"
 #include "nlnum/digit_texts.h"
-#include "nlnum/request_expansion.h"
-#include "nlnum/simple_expansion.h"
 
 namespace corvinel::nlnum {
 
@@ -62,7 +62,7 @@ struct OnePassLayout {
   bool exponent_within_limits = false;
 };
 
-OnePassLayout compile_one_pass(const LayoutParts &parts, SessionCodeset codeset);
+OnePassLayout compile_one_pass(const LayoutParts &parts, encoding::SessionCodeset codeset);
 
 enum class OnePass {
   kPlaced,    // the text stands in the field
@@ -104,7 +104,7 @@ OnePassAttempt place_exponent_one_pass(const OnePassLayout &layout, const Signif
 // Whether the request's field is written in session bytes (no 16-bit units
 // asked for or already delivered).
 inline bool delivers_session_bytes(const fmtreq &request) {
-  return request.xcode_b != CORVINEL_ENC_UTF16LE && !delivers_16_bit_units(request);
+  return request.xcode_b != CORVINEL_ENC_UTF16LE && !encoding::delivers_16_bit_units(request);
 }
 
 }  // namespace corvinel::nlnum

@@ -7,8 +7,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "encoding/transcode_steps.h"
 #include "frame/exact_copy.h"
-#include "locale/transcode_steps.h"
 #include "nlnum/digit_writing.h"
 #include "nlnum/number_assembly.h"
 #include "nlnum/one_pass_layout.h"
@@ -24,7 +24,7 @@ inline constexpr int kPositive = 2;
 // Past these the general attempt's buffers cut the text or expansion leaves
 // its shortcut, so such texts are left to it.  A session byte is at most
 // three bytes of UTF-8 and at least one unit.
-inline constexpr std::size_t kMostSessionBytes = locale::kStepCapacity / 3;
+inline constexpr std::size_t kMostSessionBytes = encoding::kStepCapacity / 3;
 
 // Whether a text passes the general attempt's limits: its number (as
 // assemble_number counts it) or its composed text is cut, or expansion

@@ -8,7 +8,7 @@
 #include <random>
 #include <string>
 
-#include "locale/output_expansion.h"
+#include "encoding/output_expansion.h"
 #include "nldate/date_placement.h"
 #include "support/request_builder.h"
 #include "support/session_locales.h"
@@ -48,7 +48,7 @@ TEST(DatePlacement, ShortcutGivesWhatExpansionGives) {
       work.resize(402);
       int32_t length = static_cast<int32_t>(text.size());
       int32_t encoding = 0;
-      const int32_t expected = locale::getExpResultFromNarrowCharBuf(
+      const int32_t expected = encoding::getExpResultFromNarrowCharBuf(
           0, units ? CORVINEL_ENC_UTF16LE : 0, &encoding, work.data(), &length, width, std::min(capacity, 402));
       ASSERT_EQ(result, expected) << session_name << " " << text << " width " << width << " capacity " << capacity;
       if (expected <= 0) {

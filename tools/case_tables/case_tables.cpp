@@ -1,4 +1,4 @@
-// Writes the case tables behind UPCASE and LOWCASE (src/locale/data/
+// Writes the case tables behind UPCASE and LOWCASE (src/encoding/data/
 // case_tables.cpp) from ICU's character properties.
 //
 // Scheme: one signed byte per code point of 19 blocks of 128 code points,
@@ -197,8 +197,8 @@ int main(int argc, char **argv) {
          "// mappings of the characters assigned by Unicode 1.1, with the early pairings\n"
          "// the tool documents).  Do not edit: run the regen-case-tables target.\n"
          "#include <cstdint>\n\n"
-         "#include \"locale/unicode_tables.h\"\n\n"
-         "namespace corvinel::locale {\n\n";
+         "#include \"encoding/unicode_tables.h\"\n\n"
+         "namespace corvinel::encoding {\n\n";
   out << "// Offset of each 128-code-point block in the shift tables; -1: no mappings.\n"
          "const int16_t skz_metatable[512] = {\n";
   write_numbers(out, std::vector<int>(upper.meta.begin(), upper.meta.end()), 16);
@@ -207,7 +207,7 @@ int main(int argc, char **argv) {
   write_shift(out, "skz_downshift", lower);
   write_aux(out, "skz_upaux", upper);
   write_aux(out, "skz_downaux", lower);
-  out << "}  // namespace corvinel::locale\n";
+  out << "}  // namespace corvinel::encoding\n";
 
   std::ofstream file(argv[1], std::ios::binary);
   file << out.str();

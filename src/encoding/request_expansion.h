@@ -6,9 +6,9 @@
 #include <cstdint>
 
 #include "corvinel/fmtreq.h"
-#include "locale/output_expansion.h"
+#include "encoding/output_expansion.h"
 
-namespace corvinel::nlnum {
+namespace corvinel::encoding {
 
 // The encoding of the text the request's `output` holds (low 32 bits of
 // `xcode_state`).
@@ -34,10 +34,10 @@ inline bool delivers_16_bit_units(const fmtreq &request) {
 // returns (0 or less: the text fits).
 inline int32_t expand_for_request(fmtreq &request, char *text, int32_t *length, int32_t capacity) {
   int32_t delivered = delivered_encoding(request);
-  const int32_t result = locale::getExpResultFromNarrowCharBuf(
+  const int32_t result = getExpResultFromNarrowCharBuf(
       request.xcode_a, request.xcode_b, &delivered, text, length, request.width, capacity);
   set_delivered_encoding(request, delivered);
   return result;
 }
 
-}  // namespace corvinel::nlnum
+}  // namespace corvinel::encoding

@@ -6,9 +6,9 @@
 #include <cerrno>
 #include <cstring>
 
-#include "locale/transcode_steps.h"
+#include "encoding/transcode_steps.h"
 
-namespace corvinel::locale {
+namespace corvinel::encoding {
 
 namespace {
 
@@ -62,4 +62,4 @@ CodesetStep PerCallIconv::utf8_to_codeset(const SessionEncoding &encoding, const
   return convert_once(encoding.name, "UTF-8", in, n, out, cap, len);
 }
 
-}  // namespace corvinel::locale
+}  // namespace corvinel::encoding

@@ -11,7 +11,7 @@
 #include <cstdint>
 #include <string_view>
 
-namespace corvinel::nlnum {
+namespace corvinel::encoding {
 
 // The session codesets expanded here; kOther always takes the general path.
 enum class SessionCodeset { kOther, kUtf8, kLatin1, kAscii };
@@ -63,4 +63,4 @@ inline int utf8_length(uint16_t unit) { return unit < 0x80 ? 1 : unit < 0x800 ? 
 int32_t expand_output(SessionCodeset codeset, int32_t outenc, int32_t *encout, char *buf,
                       int32_t *len, int32_t width, int32_t capacity);
 
-}  // namespace corvinel::nlnum
+}  // namespace corvinel::encoding

@@ -7,9 +7,9 @@
 #include <cstdint>
 #include <cstring>
 
-#include "locale/transcode_steps.h"
+#include "encoding/transcode_steps.h"
 
-namespace corvinel::locale {
+namespace corvinel::encoding {
 
 // Results of transcode_units (those of obnlsTranscodeUnicode).
 inline constexpr int32_t kTranscoded = 0;
@@ -135,4 +135,4 @@ int32_t transcode_units(const SessionEncoding &encoding, const unsigned char *un
   return kTranscoded;
 }
 
-}  // namespace corvinel::locale
+}  // namespace corvinel::encoding

@@ -4,7 +4,7 @@
 #include <array>
 #include <cstdint>
 
-namespace corvinel::locale {
+namespace corvinel::encoding {
 
 // Code page 1252 (WLATIN1) byte to code point.  It differs from Latin-1 only
 // in 0x80-0x9F; the five positions it leaves undefined (0x81, 0x8D, 0x8F,
@@ -58,4 +58,4 @@ extern const int8_t skz_downshift[kCaseBlocks * 128];
 extern const CasePair skz_upaux[];
 extern const CasePair skz_downaux[];
 
-}  // namespace corvinel::locale
+}  // namespace corvinel::encoding

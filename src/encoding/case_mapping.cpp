@@ -3,11 +3,11 @@
 #include <cstdint>
 
 #include "corvinel/unicode.h"
-#include "locale/unicode_tables.h"
+#include "encoding/unicode_tables.h"
 
 namespace {
 
-using namespace corvinel::locale;
+using namespace corvinel::encoding;
 
 uint16_t map_case(uint16_t c, const int8_t *shift, const CasePair *aux) {
   const int16_t block = skz_metatable[c >> 7];

@@ -5,7 +5,7 @@
 
 #include "corvinel/names.h"
 
-namespace corvinel::locale {
+namespace corvinel::encoding {
 namespace {
 
 enum EncodingClass : int32_t {
@@ -80,9 +80,9 @@ consteval std::array<int32_t, CORVINEL_ENCODING_IDS> encoding_classes() {
 constexpr std::array<int32_t, CORVINEL_ENCODING_IDS> kClasses = encoding_classes();
 
 }  // namespace
-}  // namespace corvinel::locale
+}  // namespace corvinel::encoding
 
-#define CLASS_OF(id) corvinel::locale::kClasses[id]
+#define CLASS_OF(id) corvinel::encoding::kClasses[id]
 #define TEN_FROM(id)                                                                       \
   CLASS_OF(id), CLASS_OF(id + 1), CLASS_OF(id + 2), CLASS_OF(id + 3), CLASS_OF(id + 4),   \
       CLASS_OF(id + 5), CLASS_OF(id + 6), CLASS_OF(id + 7), CLASS_OF(id + 8), CLASS_OF(id + 9)

@@ -1,7 +1,7 @@
-// The exported encoding utilities: LocnameToID and EncnameToID, the classes
-// of EncodingMethod, NLSNUMCHAR that counts by them, LATIN1ToUNICODE,
-// UTF8ToUNICODE and UNICODEToUTF8 (against iconv where it agrees, and their
-// deliberate leniencies), UPCASE and LOWCASE.
+// The exported encoding utilities: the classes of EncodingMethod, NLSNUMCHAR
+// that counts by them, LATIN1ToUNICODE, UTF8ToUNICODE and UNICODEToUTF8
+// (against iconv where it agrees, and their deliberate leniencies), UPCASE
+// and LOWCASE.
 #include <iconv.h>
 
 #include <algorithm>
@@ -16,60 +16,9 @@
 
 #include "corvinel/names.h"
 #include "corvinel/unicode.h"
-#include "locale/unicode_tables.h"
+#include "encoding/unicode_tables.h"
 
 namespace {
-
-struct Lookup {
-  bool encoding;     // EncnameToID, else LocnameToID
-  std::string name;  // the caller's bytes
-  int32_t result;
-  uint32_t id;
-  std::string after;  // the caller's buffer after the call
-};
-
-void PrintTo(const Lookup &c, std::ostream *os) { *os << '"' << c.name << '"'; }
-
-class NameLookup : public ::testing::TestWithParam<Lookup> {};
-
-// Deliberate: the caller's buffer is upper-cased in place when the length is right.
-TEST_P(NameLookup, FindsTheNumberAndUpperCasesTheBuffer) {
-  const Lookup &c = GetParam();
-  std::string buffer = c.name;
-  uint32_t id = 999;
-  EXPECT_EQ((c.encoding ? EncnameToID : LocnameToID)(buffer.data(), static_cast<int32_t>(buffer.size()), &id), c.result);
-  EXPECT_EQ(id, c.id);
-  EXPECT_EQ(buffer, c.after);
-}
-
-constexpr bool kLocale = false, kEncoding = true;
-
-INSTANTIATE_TEST_SUITE_P(
-    Names, NameLookup,
-    ::testing::Values(Lookup{kLocale, "en_us", 0, 53, "EN_US"}, Lookup{kLocale, "Ja_Jp", 0, 79, "JA_JP"},
-                      // The separator is not hashed: EN-US shares the bucket of EN_US but is not found.
-                      Lookup{kLocale, "en-us", 5, 0, "EN-US"}, Lookup{kLocale, "US_EN", 5, 0, "US_EN"},
-                      Lookup{kLocale, "xx_yy", 5, 0, "XX_YY"}, Lookup{kLocale, "\xE9n_us", 5, 0, "\xE9N_US"},
-                      Lookup{kLocale, "en_u", 5, 0, "en_u"}, Lookup{kLocale, "en_us_", 5, 0, "en_us_"},
-                      Lookup{kLocale, "", 5, 0, ""}, Lookup{kEncoding, "utf-8", 0, 20, "UTF-8"},
-                      Lookup{kEncoding, "u16l", 0, 25, "U16L"}, Lookup{kEncoding, "Open_ed-1047", 0, 110, "OPEN_ED-1047"},
-                      Lookup{kEncoding, "THAI", 0, 39, "THAI"}, Lookup{kEncoding, "big5", 0, 123, "BIG5"},
-                      Lookup{kEncoding, "Shift-JIS", 0, 138, "SHIFT-JIS"}, Lookup{kEncoding, "SJS4", 0, 248, "SJS4"},
-                      Lookup{kEncoding, "USER", 0, 171, "USER"}, Lookup{kEncoding, "939E", 0, 206, "939E"},
-                      // Another length, a prefix, a suffix.
-                      Lookup{kEncoding, "UTF", 4, 0, "UTF"}, Lookup{kEncoding, "utf-16", 4, 0, "UTF-16"},
-                      Lookup{kEncoding, "UTF-8X", 4, 0, "UTF-8X"}, Lookup{kEncoding, "latin 1", 4, 0, "LATIN 1"},
-                      Lookup{kEncoding, "EBCDIC104", 4, 0, "EBCDIC104"}));
-
-TEST(NameLookup, NullArgumentsAreUnknown) {
-  uint32_t id = 7, id2 = 7;
-  EXPECT_EQ(LocnameToID(nullptr, 5, &id), CORVINEL_LOCNAME_UNKNOWN);
-  EXPECT_EQ(EncnameToID(nullptr, 8, &id2), CORVINEL_ENCNAME_UNKNOWN);
-  EXPECT_EQ(id + id2, 0u);
-  char name[] = "en_us";
-  EXPECT_EQ(LocnameToID(name, 5, nullptr), CORVINEL_LOCNAME_UNKNOWN);
-  EXPECT_EQ(EncnameToID(name, 5, nullptr), CORVINEL_ENCNAME_UNKNOWN);
-}
 
 // The class of each family, reached through the encoding's name, and the class totals.
 TEST(EncodingMethod, ClassesOfTheFamilies) {
@@ -109,7 +58,7 @@ TEST(Latin1ToUnicode, WidensThroughCodePage1252) {
   for (int b = 0; b < 256; ++b) {
     const std::string reference = iconv_one("UTF-16LE", "CP1252", std::string(1, static_cast<char>(b)));
     const int expected = reference.empty() ? b : (reference[0] & 0xFF) | (reference[1] & 0xFF) << 8;
-    EXPECT_EQ(corvinel::locale::wlt1unic[b], expected) << b;
+    EXPECT_EQ(corvinel::encoding::wlt1unic[b], expected) << b;
   }
   Units out(4, kUnitGuard);
   int32_t nout = -1;
@@ -179,7 +128,7 @@ TEST(UnicodeToUtf8, EncodesUnitByUnitAsIconvDoes) {
 
 using Pairs = std::vector<std::pair<uint16_t, uint16_t>>;
 
-Pairs read_aux(const corvinel::locale::CasePair *aux) {
+Pairs read_aux(const corvinel::encoding::CasePair *aux) {
   Pairs pairs;
   for (; aux->from != 0; ++aux) pairs.emplace_back(aux->from, aux->to);
   return pairs;
@@ -192,13 +141,13 @@ TEST(CaseTables, AuxListsAndBlocks) {
       {0x025B, 0x0190}, {0x0260, 0x0193}, {0x0263, 0x0194}, {0x0268, 0x0197}, {0x0269, 0x0196}, {0x026F, 0x019C},
       {0x0272, 0x019D}, {0x0283, 0x01A9}, {0x0288, 0x01AE}, {0x028A, 0x01B1}, {0x028B, 0x01B2}, {0x0292, 0x01B7},
       {0x1F78, 0x1FF8}, {0x1F79, 0x1FF9}};
-  EXPECT_EQ(read_aux(corvinel::locale::skz_upaux), upper);
-  const Pairs lower = read_aux(corvinel::locale::skz_downaux);  // the inverses, without S to long s
+  EXPECT_EQ(read_aux(corvinel::encoding::skz_upaux), upper);
+  const Pairs lower = read_aux(corvinel::encoding::skz_downaux);  // the inverses, without S to long s
   EXPECT_EQ(lower.size(), 19u);
   for (const auto &[from, to] : lower) EXPECT_TRUE(from != 'S' && std::ranges::count(upper, std::pair(to, from)) == 1);
   std::vector<int> blocks;
   for (int b = 0; b < 512; ++b) {
-    if (corvinel::locale::skz_metatable[b] >= 0) blocks.push_back(b);
+    if (corvinel::encoding::skz_metatable[b] >= 0) blocks.push_back(b);
   }
   EXPECT_EQ(blocks, (std::vector<int>{0, 1, 2, 3, 4, 5, 7, 8, 9, 10, 11, 33, 60, 61, 62, 63, 66, 73, 510}));
 }

@@ -2,14 +2,14 @@
 #include <cstdint>
 
 #include "corvinel/unicode.h"
-#include "locale/unicode_tables.h"
+#include "encoding/unicode_tables.h"
 
 namespace {
 
-using corvinel::locale::bytesFromUTF8;
-using corvinel::locale::utf8_length;
-using corvinel::locale::utf8_mask;
-using corvinel::locale::wlt1unic;
+using corvinel::encoding::bytesFromUTF8;
+using corvinel::encoding::utf8_length;
+using corvinel::encoding::utf8_mask;
+using corvinel::encoding::wlt1unic;
 
 void store(int32_t *target, int32_t value) {
   if (target != nullptr) *target = value;

@@ -6,7 +6,7 @@
 
 #include <cstdint>
 
-namespace corvinel::locale {
+namespace corvinel::encoding {
 
 // Results of getExpResultFromNarrowCharBuf besides "fits" (0 or negative:
 // the result length minus the width).
@@ -46,4 +46,4 @@ int32_t transcode_unicode_per_call(const char *encoding, const unsigned char *un
 // `units` (402 bytes); returns its length in bytes, or -1 beyond 200 units.
 int32_t expand_escapes(const char *text, int32_t length, unsigned char *units);
 
-}  // namespace corvinel::locale
+}  // namespace corvinel::encoding

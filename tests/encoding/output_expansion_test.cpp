@@ -17,7 +17,7 @@
 
 #include "corvinel/fmtreq.h"
 #include "corvinel/transcode.h"
-#include "locale/output_expansion.h"
+#include "encoding/output_expansion.h"
 #include "support/session_locales.h"
 
 namespace {
@@ -28,7 +28,7 @@ constexpr const char *kU8 = corvinel::testing::kUtf8Locale, *kL1 = corvinel::tes
                       *kEuc = corvinel::testing::kEucJpLocale, *kUnknown = corvinel::testing::kUnknownCodesetLocale;
 constexpr char kGuard = '\x5A';
 constexpr std::size_t kGuardBytes = 8;
-constexpr int32_t kNoRoom = corvinel::locale::kExpansionNoRoom, kImpossible = corvinel::locale::kExpansionImpossible;
+constexpr int32_t kNoRoom = corvinel::encoding::kExpansionNoRoom, kImpossible = corvinel::encoding::kExpansionImpossible;
 
 struct Expansion {
   const char *what, *locale;
@@ -211,7 +211,7 @@ TEST_P(FastExpansion, AgreesWithPerCallConverters) {
     const int32_t capacity = rng() % 10 == 0 ? 450 : static_cast<int32_t>(rng() % 80);
     const int32_t outenc = std::array{0, 0, 0, 0, 0, 0, 0, 25, 25, 24}[rng() % 10];
     ASSERT_EQ(expand(getExpResultFromNarrowCharBuf, text, outenc, width, capacity),
-              expand(corvinel::locale::expand_output_per_call, text, outenc, width, capacity))
+              expand(corvinel::encoding::expand_output_per_call, text, outenc, width, capacity))
         << "text " << i << ": " << text;
   }
 }
@@ -234,7 +234,7 @@ TEST_P(FastExpansion, AgreesOnPlainAsciiTexts) {
           const int32_t capacity = std::max(room, 0);
           for (const int32_t outenc : {0, 25}) {
             ASSERT_EQ(expand(getExpResultFromNarrowCharBuf, text, outenc, width, capacity),
-                      expand(corvinel::locale::expand_output_per_call, text, outenc, width, capacity))
+                      expand(corvinel::encoding::expand_output_per_call, text, outenc, width, capacity))
                 << text << " width " << width << " capacity " << capacity;
           }
         }
@@ -278,7 +278,7 @@ void compare_transcoding(uint32_t seed) {
     if (rng() % 8 == 0) units += static_cast<char>(rng());  // a stray byte
     const int32_t outcap = rng() % 6 == 0 ? 450 : static_cast<int32_t>(rng() % 40);
     ASSERT_EQ(transcode(obnlsTranscodeUnicode, encoding, units, outcap),
-              transcode(corvinel::locale::transcode_unicode_per_call, encoding, units, outcap))
+              transcode(corvinel::encoding::transcode_unicode_per_call, encoding, units, outcap))
         << encoding << " round " << i;
   }
 }
@@ -296,7 +296,7 @@ TEST(FastTranscode, NegativeCapacityWritesNothing) {
         std::string fast(kWideGuard, kGuard), per_call(kWideGuard, kGuard);
         int32_t fast_len = -7, per_call_len = -7;
         const int32_t a = obnlsTranscodeUnicode(encoding, in, n, fast.data(), outcap, &fast_len);
-        const int32_t b = corvinel::locale::transcode_unicode_per_call(encoding, in, n, per_call.data(),
+        const int32_t b = corvinel::encoding::transcode_unicode_per_call(encoding, in, n, per_call.data(),
                                                                        outcap, &per_call_len);
         EXPECT_EQ(a, b) << encoding << " " << outcap << " " << length;
         EXPECT_EQ(fast_len, 0) << encoding << " " << outcap << " " << length;

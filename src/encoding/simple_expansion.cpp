@@ -1,14 +1,14 @@
-#include "nlnum/simple_expansion.h"
+#include "encoding/simple_expansion.h"
 
 #include <langinfo.h>
 
 #include <cstring>
 
 #include "corvinel/fmtreq.h"
-#include "locale/output_expansion.h"
-#include "locale/transcode_steps.h"
+#include "encoding/output_expansion.h"
+#include "encoding/transcode_steps.h"
 
-namespace corvinel::nlnum {
+namespace corvinel::encoding {
 namespace {
 
 constexpr int32_t kEscapeLength = 7;  // "<U20AC>"
@@ -63,7 +63,7 @@ int32_t expand_plain_ascii(int32_t outenc, int32_t *encout, char *buf, int32_t *
   const bool shortened = length > width;
   const int32_t kept = shortened ? width : length;
   if (outenc == CORVINEL_ENC_UTF16LE) {
-    if (capacity < 2 * kept) return locale::kExpansionNoRoom;
+    if (capacity < 2 * kept) return kExpansionNoRoom;
     for (int32_t k = kept - 1; k >= 0; --k) {  // from the end: the units overlap the bytes
       buf[2 * k + 1] = '\0';
       buf[2 * k] = buf[k];
@@ -71,10 +71,10 @@ int32_t expand_plain_ascii(int32_t outenc, int32_t *encout, char *buf, int32_t *
     *len = 2 * kept;
     if (encout != nullptr) *encout = CORVINEL_ENC_UTF16LE;
   } else {
-    if (capacity < kept) return locale::kExpansionNoRoom;
+    if (capacity < kept) return kExpansionNoRoom;
     *len = kept;
   }
-  return shortened ? locale::kExpansionShortened : length - width;
+  return shortened ? kExpansionShortened : length - width;
 }
 
 }  // namespace
@@ -129,16 +129,16 @@ int32_t encode_in_session(SessionCodeset codeset, std::string_view text, char *o
 int32_t expand_output(SessionCodeset codeset, int32_t outenc, int32_t *encout, char *buf,
                       int32_t *len, int32_t width, int32_t capacity) {
   const auto general = [&] {
-    return locale::getExpResultFromNarrowCharBuf(0, outenc, encout, buf, len, width, capacity);
+    return getExpResultFromNarrowCharBuf(0, outenc, encout, buf, len, width, capacity);
   };
   if (codeset == SessionCodeset::kOther || buf == nullptr || len == nullptr || *len < 0) {
     return general();
   }
-  if (*len <= locale::kMaxUnits && is_plain_ascii(buf, *len)) {
+  if (*len <= kMaxUnits && is_plain_ascii(buf, *len)) {
     return expand_plain_ascii(outenc, encout, buf, len, width, capacity);
   }
   // Character by character: its unit and the bytes it takes in the session.
-  uint16_t units[locale::kMaxUnits];
+  uint16_t units[kMaxUnits];
   int32_t count = 0;
   int32_t session_length = 0;
   int32_t utf8_length_total = 0;
@@ -146,12 +146,12 @@ int32_t expand_output(SessionCodeset codeset, int32_t outenc, int32_t *encout, c
   for (int32_t i = 0; i < length;) {
     uint16_t unit;
     i += next_symbolic_unit(buf + i, length - i, unit);
-    if (count == locale::kMaxUnits || !session_has(codeset, unit)) return general();
+    if (count == kMaxUnits || !session_has(codeset, unit)) return general();
     units[count++] = unit;
     utf8_length_total += utf8_length(unit);
     session_length += codeset == SessionCodeset::kUtf8 ? utf8_length(unit) : 1;
   }
-  if (utf8_length_total > locale::kStepCapacity) return general();
+  if (utf8_length_total > kStepCapacity) return general();
 
   // Cut back a character at a time until the text fits the width.
   if (width < 0) width = 0;
@@ -164,7 +164,7 @@ int32_t expand_output(SessionCodeset codeset, int32_t outenc, int32_t *encout, c
   }
 
   if (outenc == CORVINEL_ENC_UTF16LE) {
-    if (capacity < 2 * kept) return locale::kExpansionNoRoom;
+    if (capacity < 2 * kept) return kExpansionNoRoom;
     for (int32_t k = 0; k < kept; ++k) {
       buf[2 * k] = static_cast<char>(units[k] & 0xFF);
       buf[2 * k + 1] = static_cast<char>(units[k] >> 8);
@@ -172,12 +172,12 @@ int32_t expand_output(SessionCodeset codeset, int32_t outenc, int32_t *encout, c
     *len = 2 * kept;
     if (encout != nullptr) *encout = CORVINEL_ENC_UTF16LE;
   } else {
-    if (capacity < session_length) return locale::kExpansionNoRoom;
+    if (capacity < session_length) return kExpansionNoRoom;
     char *out = buf;
     for (int32_t k = 0; k < kept; ++k) write_unit(codeset, units[k], out);
     *len = session_length;
   }
-  return shortened ? locale::kExpansionShortened : session_length - width;
+  return shortened ? kExpansionShortened : session_length - width;
 }
 
-}  // namespace corvinel::nlnum
+}  // namespace corvinel::encoding

@@ -4,9 +4,9 @@
 // the tool documents).  Do not edit: run the regen-case-tables target.
 #include <cstdint>
 
-#include "locale/unicode_tables.h"
+#include "encoding/unicode_tables.h"
 
-namespace corvinel::locale {
+namespace corvinel::encoding {
 
 // Offset of each 128-code-point block in the shift tables; -1: no mappings.
 const int16_t skz_metatable[512] = {
@@ -439,4 +439,4 @@ const CasePair skz_downaux[] = {
     {0, 0},
 };
 
-}  // namespace corvinel::locale
+}  // namespace corvinel::encoding

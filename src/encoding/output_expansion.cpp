@@ -1,5 +1,5 @@
 // getExpResultFromNarrowCharBuf and obnlsTranscodeUnicode.
-#include "locale/output_expansion.h"
+#include "encoding/output_expansion.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -9,10 +9,10 @@
 
 #include "corvinel/fmtreq.h"
 #include "corvinel/transcode.h"
-#include "locale/transcode_steps.h"
-#include "locale/transcode_units.h"
+#include "encoding/transcode_steps.h"
+#include "encoding/transcode_units.h"
 
-namespace corvinel::locale {
+namespace corvinel::encoding {
 
 namespace {
 
@@ -164,18 +164,18 @@ int32_t transcode_unicode_per_call(const char *encoding, const unsigned char *un
   return transcode_unicode<PerCallIconv>(encoding, units, nbytes, out, outcap, outlen);
 }
 
-}  // namespace corvinel::locale
+}  // namespace corvinel::encoding
 
 extern "C" int32_t getExpResultFromNarrowCharBuf(int32_t reserved, int32_t outenc,
                                                  int32_t *encout, char *buf, int32_t *len,
                                                  int32_t width, int32_t capacity) {
-  return corvinel::locale::getExpResultFromNarrowCharBuf(reserved, outenc, encout, buf, len, width,
+  return corvinel::encoding::getExpResultFromNarrowCharBuf(reserved, outenc, encout, buf, len, width,
                                                          capacity);
 }
 
 extern "C" int32_t obnlsTranscodeUnicode(const char *encoding, const unsigned char *units,
                                          int32_t nbytes, char *out, int32_t outcap,
                                          int32_t *outlen) {
-  return corvinel::locale::transcode_unicode<corvinel::locale::FastConverters>(
+  return corvinel::encoding::transcode_unicode<corvinel::encoding::FastConverters>(
       encoding, units, nbytes, out, outcap, outlen);
 }

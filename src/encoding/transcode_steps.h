@@ -7,7 +7,7 @@
 
 #include <cstdint>
 
-namespace corvinel::locale {
+namespace corvinel::encoding {
 
 // Every conversion step works in a buffer of this size; a text that does not
 // fit is a failure of that step.
@@ -54,4 +54,4 @@ struct FastConverters {
                                      char *out, int32_t cap, int32_t *len);
 };
 
-}  // namespace corvinel::locale
+}  // namespace corvinel::encoding

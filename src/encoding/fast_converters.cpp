@@ -7,9 +7,9 @@
 
 #include <cstring>
 
-#include "locale/transcode_steps.h"
+#include "encoding/transcode_steps.h"
 
-namespace corvinel::locale {
+namespace corvinel::encoding {
 
 namespace {
 
@@ -177,4 +177,4 @@ CodesetStep FastConverters::utf8_to_codeset(const SessionEncoding &encoding, con
   return run_iconv(cd, in, n, out, cap, len);
 }
 
-}  // namespace corvinel::locale
+}  // namespace corvinel::encoding

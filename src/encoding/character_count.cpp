@@ -3,7 +3,7 @@
 
 #include "corvinel/names.h"
 #include "corvinel/unicode.h"
-#include "locale/unicode_tables.h"
+#include "encoding/unicode_tables.h"
 
 namespace {
 
@@ -30,7 +30,7 @@ extern "C" uint32_t NLSNUMCHAR(const uint16_t *units, uint32_t nunits, int32_t e
   switch (method) {
     case 1:  // UTF-8
       return count_within(nunits, nbytes,
-                          [&](uint32_t i) { return corvinel::locale::utf8_length(units[i]); });
+                          [&](uint32_t i) { return corvinel::encoding::utf8_length(units[i]); });
     case 2:  // UTF-16
       return smaller(nbytes / 2, nunits);
     case 3:  // UTF-32
