@@ -139,7 +139,9 @@ Rendering resolve_rendering(const Module &module, const Options &options) {
     return rendering;
   }
   const fmtdesc *descriptor = find_descriptor(module.registry(), parsed.name);
-  if (descriptor == nullptr) throw UsageError("unknown format " + parsed.name);
+  if (descriptor == nullptr) {
+    throw UsageError("unknown format \"" + parsed.name + "\" (corvinel-fmt --list shows the formats)");
+  }
   rendering.render = descriptor->render;
   rendering.width = parsed.width.value_or(descriptor->defw);
   rendering.decimals = parsed.decimals.value_or(descriptor->defd);

@@ -1,6 +1,9 @@
 # Fails when an option that corvinel-fmt --help names is missing from the
 # manual page (written there with troff's \- for each hyphen), or the page
-# names one --help does not.  Run with -DTOOL=<corvinel-fmt> -DPAGE=<corvinel-fmt.1>.
+# names one --help does not, or when an example of the page ("LANG=...
+# corvinel-fmt ..." followed by the line it prints) prints something else.
+# Run with -DTOOL=<corvinel-fmt> -DPAGE=<corvinel-fmt.1>.
+cmake_policy(SET CMP0007 NEW)
 execute_process(COMMAND "${TOOL}" --help OUTPUT_VARIABLE help RESULT_VARIABLE status)
 if(NOT status EQUAL 0)
   message(FATAL_ERROR "${TOOL} --help failed")
@@ -31,4 +34,31 @@ if(count LESS 10)
 endif()
 if(missing OR extra)
   message(FATAL_ERROR "manual page and --help differ: missing ${missing}; not in --help ${extra}")
+endif()
+
+# The examples: each command line is followed by the one line it prints.
+string(REGEX MATCH "\n\\.SH EXAMPLES\n\\.nf\n([^\n]*\n)*\\.fi" examples "${page}")
+string(REPLACE "\\[u20AC]" "€" examples "${examples}")
+string(REPLACE "\n" ";" example_lines "${examples}")
+set(checked 0)
+list(LENGTH example_lines line_count)
+math(EXPR last "${line_count} - 2")
+foreach(i RANGE 0 ${last})
+  list(GET example_lines ${i} line)
+  if(NOT line MATCHES "^LANG=([^ ]+) corvinel-fmt (.*)$")
+    continue()
+  endif()
+  set(lang "${CMAKE_MATCH_1}")
+  separate_arguments(arguments UNIX_COMMAND "${CMAKE_MATCH_2}")
+  math(EXPR next "${i} + 1")
+  list(GET example_lines ${next} expected)
+  execute_process(COMMAND "${CMAKE_COMMAND}" -E env --unset=LC_ALL "LANG=${lang}" "${TOOL}" ${arguments}
+                  OUTPUT_VARIABLE printed OUTPUT_STRIP_TRAILING_WHITESPACE)
+  if(NOT printed STREQUAL expected)
+    message(FATAL_ERROR "manual page example \"${line}\" prints \"${printed}\", the page says \"${expected}\"")
+  endif()
+  math(EXPR checked "${checked} + 1")
+endforeach()
+if(checked LESS 3)
+  message(FATAL_ERROR "only ${checked} manual page examples found: the check no longer reads them")
 endif()

@@ -5,9 +5,12 @@
 # find their share and library directories relative to themselves, with the
 # system's files linked in and the extension added), so that nothing is
 # installed into the system.  As root, the server runs as the postgres user.
-#   run_sql_tests.sh EXTENSION_SO LIBCORVINEL_SO SOURCE_DIR SCRATCH_DIR
+# Then every format in every locale is compared with the host tool in
+# UTF8, LATIN1 and EUC_JP databases of the C locale and a UTF8 database
+# whose LC_CTYPE is C.UTF-8 (compare_with_tool.py).
+#   run_sql_tests.sh EXTENSION_SO LIBCORVINEL_SO CORVINEL_FMT SOURCE_DIR SCRATCH_DIR
 set -euo pipefail
-extension=$1 module=$2 source=$3 scratch=$4
+extension=$1 module=$2 tool=$3 source=$4 scratch=$5
 
 bindir=$(pg_config --bindir)
 sharedir=$(pg_config --sharedir)
@@ -19,6 +22,9 @@ mkdir -p "$root$bindir" "$root$pkglibdir" "$(dirname "$root$sharedir")" "$scratc
 cp "$bindir/postgres" "$bindir/initdb" "$bindir/pg_ctl" "$root$bindir/"
 cp -rs "$sharedir" "$root$sharedir"
 ln -s "$pkglibdir"/* "$root$pkglibdir/"
+# An installed extension is linked in with the rest: remove those links
+# first, since cp would write through them into the system's files.
+rm -f "$root$pkglibdir/corvinel.so" "$root$pkglibdir"/libcorvinel.so* "$root$sharedir/extension/corvinel"*
 cp "$extension" "$root$pkglibdir/corvinel.so"
 cp -L "$module" "$root$pkglibdir/$(basename "$(readlink -f "$module")")"
 for link in libcorvinel.so.0 libcorvinel.so; do
@@ -41,12 +47,14 @@ trap '"${as_server[@]}" "$bin/pg_ctl" -D "$scratch/data" -m fast stop >/dev/null
 # converts, and the expected outputs stay in one encoding.
 export PGCLIENTENCODING=UTF8
 psql=(psql -X -q -h "$scratch" -U postgres)
-"${psql[@]}" -d postgres -c "CREATE DATABASE utf8db ENCODING 'UTF8' LC_COLLATE 'C' LC_CTYPE 'C' TEMPLATE template0" >/dev/null
-"${psql[@]}" -d postgres -c "CREATE DATABASE latin1db ENCODING 'LATIN1' LC_COLLATE 'C' LC_CTYPE 'C' TEMPLATE template0" >/dev/null
-"${psql[@]}" -d postgres -c "CREATE DATABASE paralleldb ENCODING 'UTF8' LC_COLLATE 'C' LC_CTYPE 'C' TEMPLATE template0" >/dev/null
+for database in utf8db:UTF8:C latin1db:LATIN1:C eucjpdb:EUC_JP:C utf8ctypedb:UTF8:C.UTF-8 paralleldb:UTF8:C \
+                typesdb:UTF8:C schemadb:UTF8:C; do
+  IFS=: read -r name encoding ctype <<<"$database"
+  "${psql[@]}" -d postgres -c "CREATE DATABASE $name ENCODING '$encoding' LC_COLLATE '$ctype' LC_CTYPE '$ctype' TEMPLATE template0" >/dev/null
+done
 
 failed=0
-for test in utf8:utf8db latin1:latin1db parallel:paralleldb; do
+for test in utf8:utf8db latin1:latin1db parallel:paralleldb types:typesdb schema:schemadb; do
   name=${test%%:*} database=${test#*:}
   # psql reads the file from standard input, so that its messages name no path.
   "${psql[@]}" -a -d "$database" -v VERBOSITY=terse < "$source/sql/$name.sql" > "$scratch/results/$name.out" 2>&1 || true
@@ -55,4 +63,16 @@ for test in utf8:utf8db latin1:latin1db parallel:paralleldb; do
     failed=1
   fi
 done
+
+for database in utf8db latin1db eucjpdb utf8ctypedb; do
+  "${psql[@]}" -d "$database" -c "CREATE EXTENSION IF NOT EXISTS corvinel" >/dev/null
+done
+/usr/bin/python3 "$source/compare_with_tool.py" "$tool" "$module" "$scratch" utf8db latin1db eucjpdb \
+  utf8ctypedb || failed=1
+
+# No backend may have died on the way.
+if grep -q "terminated by signal" "$scratch/server.log"; then
+  grep "terminated by signal" "$scratch/server.log" >&2
+  failed=1
+fi
 exit $failed

@@ -7,6 +7,7 @@
 #include "corvinel/missing.h"
 #include "frame/thread_memo.h"
 #include "locale/environment_value.h"
+#include "nldate/host_zone_offset.h"
 #include "nldate/week_numbering.h"
 
 namespace corvinel::nldate {
@@ -168,6 +169,7 @@ void write_zone_offset_uncached(char *out) noexcept {
 }
 
 void write_zone_offset(char *out, const ZoneReading &reading) noexcept {
+  if (write_host_zone_offset(out)) return;
   thread_local ZoneMemo thread_memo;
   ZoneMemo &memo = *frame::pinned(&thread_memo);
   const time_t now = time(nullptr);

@@ -297,7 +297,8 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         ToolCase{"Nothing", {}, 2, "", "missing FORMAT"},
         ToolCase{"NoValue", {"NLNUM8."}, 2, "", "missing VALUE"},
-        ToolCase{"UnknownFormat", {"NLNOPE", "1"}, 2, "", "unknown format NLNOPE"},
+        ToolCase{"UnknownFormat", {"NLNOPE", "1"}, 2, "",
+                 "corvinel-fmt: unknown format \"NLNOPE\" (corvinel-fmt --list shows the formats)\n"},
         ToolCase{"ValueNotANumber", {"NLNUM", "abc"}, 2, "", "VALUE is not a number, date or time: \"abc\""},
         ToolCase{"NotARealDate", {"NLDATE", "2003-02-30"}, 2, "",
                  "corvinel-fmt: not a real date: \"2003-02-30\"\n"},

@@ -18,6 +18,7 @@
 #include "corvinel/unicode.h"
 #include "corvinel/version.h"
 #include "corvinel/weeks.h"
+#include "corvinel/zone_offset.h"
 
 const struct fmtinfo *(*const corvinel_c_entry)(void) = corvinel;
 const fmt_render_fn corvinel_c_formats[] = {nlnum, nldfmt, nltimeap, nlmniusd, nlmnlzar};
