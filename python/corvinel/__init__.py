@@ -18,7 +18,7 @@ import numpy as np
 
 from . import _core
 from ._requests import FormatInfo, locale_number, locale_records, parse_format, registry, session
-from ._values import Column, check_kind, column, kind_code, scalar_column
+from ._values import Column, check_kind, column, kind_code, scalar_column, zone_offsets
 
 __all__ = ["FormatInfo", "Formatter", "format", "formats", "formatter", "locales", "__version__"]
 
@@ -78,7 +78,8 @@ class Formatter:
             raise ValueError(f"threads must be at least 1, not {threads}")
         return _core.render(col.data, col.storage, col.ticks_per_second, self._request.index,
                             self._request.width, self._request.decimals, self._locale_number,
-                            kind_code(kind), self._session.handle, self._session.codeset, self.strip, threads)
+                            kind_code(kind), self._session.handle, self._session.codeset, self.strip, threads,
+                            col.zone_offsets)
 
     def __call__(self, values: Any) -> Any:
         return _apply(self, values)
@@ -87,15 +88,17 @@ class Formatter:
 def _apply(prepared: Formatter, values: Any) -> Any:
     pandas = _pandas_module(values)
     if pandas is not None:
-        if isinstance(values, pandas.Series):
-            data = values
+        if isinstance(values, (pandas.Series, pandas.Index)):
+            series = isinstance(values, pandas.Series)
             if isinstance(values.dtype, pandas.DatetimeTZDtype):
-                data = values.dt.tz_localize(None)
-            text = prepared._render(column(_series_values(pandas, data)))
-            return pandas.Series(text, index=values.index, name=values.name, dtype=object)
-        if isinstance(values, pandas.Index):
-            data = values.tz_localize(None) if isinstance(values.dtype, pandas.DatetimeTZDtype) else values
-            text = prepared._render(column(_series_values(pandas, data)))
+                wall = (values.dt if series else values).tz_localize(None)
+                col = column(_series_values(pandas, wall))._replace(
+                    zone_offsets=zone_offsets(wall, pandas.DatetimeIndex(values).tz_convert("UTC").tz_localize(None)))
+            else:
+                col = column(_series_values(pandas, values))
+            text = prepared._render(col)
+            if series:
+                return pandas.Series(text, index=values.index, name=values.name, dtype=object)
             return pandas.Index(text, name=values.name, dtype=object)
         # A pandas scalar (Timestamp, NaT, NA) goes the scalar way.
     if isinstance(values, np.ndarray):

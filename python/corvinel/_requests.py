@@ -94,7 +94,7 @@ def parse_format(text: str) -> FormatRequest:
     width = _parse_int(width_text, f'width in "{text}"', 0, _MAX_WIDTH) if width_text else None
     decimals = _parse_int(decimals_text, f'decimals in "{text}"', 0, _INT32_MAX) if dot and decimals_text else None
     if name not in registry():
-        raise ValueError(f"unknown format {name}")
+        raise ValueError(f'unknown format "{name}" (corvinel.formats() lists the formats)')
     index, info = registry()[name]
     width = info.default_width if width is None else width
     decimals = info.default_decimals if decimals is None else decimals

@@ -7,7 +7,7 @@ from __future__ import annotations
 import datetime as _dt
 import decimal
 import numbers
-from typing import Any, NamedTuple
+from typing import Any, NamedTuple, Optional
 
 import numpy as np
 
@@ -25,6 +25,9 @@ class Column(NamedTuple):
     data: np.ndarray  # one-dimensional
     storage: int
     ticks_per_second: int
+    # Seconds east of UTC of each value's own zone (what "%z" shows), or
+    # None for values without a zone.
+    zone_offsets: Optional[np.ndarray] = None
 
 
 def kind_code(kind: str) -> int:
@@ -88,10 +91,15 @@ def _object_column(array: np.ndarray) -> Column:
     if found <= {"date", "datetime", "M"}:
         nanoseconds = any(getattr(v, "nanosecond", 0) for v in array if not _is_missing(v))
         unit = "D" if found == {"date"} else "ns" if nanoseconds else "us"
-        return _ticks_column(np.array(
+        col = _ticks_column(np.array(
             [np.datetime64("NaT") if _is_missing(v) else
              _wall(v) if isinstance(v, _dt.datetime) else np.datetime64(v)
              for v in array], dtype=f"datetime64[{unit}]"))
+        offsets = [None if _is_missing(v) or not isinstance(v, _dt.datetime) else v.utcoffset() for v in array]
+        if any(offset is not None for offset in offsets):  # aware datetimes: each one's own offset
+            col = col._replace(zone_offsets=np.array(
+                [0 if offset is None else offset.total_seconds() for offset in offsets], dtype=np.int32))
+        return col
     if found <= {"time", "m"}:
         return _ticks_column(np.array(
             [np.timedelta64("NaT") if _is_missing(v) else
@@ -109,6 +117,14 @@ def scalar_column(value: Any) -> Column:
     if isinstance(value, (np.datetime64, np.timedelta64)):
         return _ticks_column(np.array([value]))
     return column(np.array([value], dtype=object))
+
+
+def zone_offsets(wall: Any, utc: Any) -> np.ndarray:
+    """Seconds east of UTC from a pandas column's wall times and UTC times
+    (both without zone); 0 where the value is missing."""
+    seconds = (np.asarray(wall, dtype="datetime64[ns]") - np.asarray(utc, dtype="datetime64[ns]")).astype(
+        "timedelta64[s]").astype(np.int64)
+    return np.where(np.isnat(np.asarray(wall, dtype="datetime64[ns]")), 0, seconds).astype(np.int32)
 
 
 def column(array: np.ndarray) -> Column:

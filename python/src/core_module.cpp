@@ -68,7 +68,7 @@ std::tuple<std::uintptr_t, std::string> open_session(const std::string &name) {
 
 py::array render(const py::array &values, int storage, int64_t ticks_per_second, int format_index, int32_t width,
                  int32_t decimals, int32_t locale_number, int kind, std::uintptr_t session_handle,
-                 const std::string &codeset, bool strip, unsigned threads) {
+                 const std::string &codeset, bool strip, unsigned threads, const py::object &zone_offsets) {
   if (format_index < 0 || format_index >= CORVINEL_FORMAT_COUNT) throw py::value_error("no such format");
   if (session_handle == 0) throw py::value_error("no session");
   Column column;
@@ -83,6 +83,14 @@ py::array render(const py::array &values, int storage, int64_t ticks_per_second,
   if (!contiguous || contiguous.ndim() != 1) throw py::value_error("expected a one-dimensional column");
   column.data = contiguous.data();
   column.count = static_cast<std::size_t>(contiguous.shape(0));
+  py::array_t<int32_t, py::array::c_style | py::array::forcecast> offsets;
+  if (!zone_offsets.is_none()) {
+    offsets = py::array_t<int32_t, py::array::c_style | py::array::forcecast>::ensure(zone_offsets);
+    if (!offsets || offsets.ndim() != 1 || static_cast<std::size_t>(offsets.shape(0)) != column.count) {
+      throw py::value_error("zone offsets must match the column");
+    }
+    column.zone_offsets = offsets.data();
+  }
 
   Rendering rendering;
   rendering.render = fmtinfo_eachfmt[format_index].render;
@@ -123,5 +131,6 @@ PYBIND11_MODULE(_core, m) {
   m.def("open_session", &open_session);
   m.def("render", &render, py::arg("values"), py::arg("storage"), py::arg("ticks_per_second"),
         py::arg("format_index"), py::arg("width"), py::arg("decimals"), py::arg("locale_number"), py::arg("kind"),
-        py::arg("session"), py::arg("codeset"), py::arg("strip"), py::arg("threads"));
+        py::arg("session"), py::arg("codeset"), py::arg("strip"), py::arg("threads"),
+        py::arg("zone_offsets") = py::none());
 }

@@ -13,6 +13,7 @@
 
 #include "corvinel/calendar.h"
 #include "corvinel/missing.h"
+#include "corvinel/zone_offset.h"
 
 namespace corvinel::python {
 namespace {
@@ -151,6 +152,7 @@ int32_t render_range(const Column &column, const Rendering &rendering, const Ses
     double value = host_values(i);
     fmtreq request = prepared;
     request.value = &value;
+    if (column.zone_offsets != nullptr) corvinel_set_zone_offset(&column.zone_offsets[i]);
     const int32_t result = rendering.render(&request);
     char32_t *text_out = out + i * slot;
     if (result != 0 || request.outlen < 0 || request.outlen > capacity) {
@@ -167,6 +169,7 @@ int32_t render_range(const Column &column, const Rendering &rendering, const Ses
     const std::size_t written = decoder.decode(text, length, text_out, slot);
     std::fill(text_out + written, text_out + slot, U'\0');  // numpy pads with NULs
   }
+  if (column.zone_offsets != nullptr) corvinel_set_zone_offset(nullptr);
   uselocale(previous);
   return failure;
 }

@@ -32,6 +32,9 @@ struct Column {
   std::size_t count = 0;
   // Ticks per second for s, ms, us and ns ticks; 0 for datetime64 days.
   int64_t ticks_per_second = 0;
+  // Seconds east of UTC of each element's own zone, which "%z" writes; null
+  // for values without a zone (then "%z" writes the machine's offset).
+  const int32_t *zone_offsets = nullptr;
 };
 
 // The session: a C library locale whose codeset is the encoding the format

@@ -45,5 +45,5 @@ def test_a_cluster_renders_what_one_process_renders(frame, client):
 
 def test_a_bad_request_is_refused_before_anything_runs(frame):
     ddf = dd.from_pandas(frame.head(10), npartitions=2)
-    with pytest.raises(ValueError, match="unknown format NLNOPE"):
+    with pytest.raises(ValueError, match='unknown format "NLNOPE"'):
         corvinel.dask.format(ddf["amount"], "NLNOPE", "de_DE")

@@ -2,6 +2,7 @@
 and numpy's datetime64 in every unit agrees with Python's datetime objects."""
 
 import datetime as dt
+import zoneinfo
 
 import numpy as np
 import pandas as pd
@@ -125,3 +126,21 @@ def test_timedelta64_in_any_unit_agrees_with_time_objects(unit, values):
     kept = [time_of_microseconds(us) for us in array.astype("timedelta64[us]").astype(np.int64)]
     expected = [corvinel.format(t, "NLTIME20.2", "sv_SE") for t in kept]
     assert list(corvinel.format(array, "NLTIME20.2", "sv_SE")) == expected
+
+
+@given(st.lists(st.datetimes(min_value=dt.datetime(1970, 1, 2), max_value=dt.datetime(2200, 1, 1),
+                             timezones=st.sampled_from([zoneinfo.ZoneInfo(z) for z in (
+                                 "UTC", "Europe/Berlin", "America/St_Johns", "Asia/Kolkata", "Pacific/Chatham")])),
+                min_size=1, max_size=12))
+def test_zone_offsets_are_each_values_own(values):
+    def written(offset):  # what "%z" writes: sign, hours, minutes
+        minutes = int(offset.total_seconds()) // 60
+        return f"{'-' if minutes < 0 else '+'}{abs(minutes) // 60:02d}{abs(minutes) % 60:02d}"
+
+    expected = [written(v.utcoffset()) for v in values]
+    one_by_one = [corvinel.format(v, "NLDATMTZ40.", "en_US", strip=True)[-5:] for v in values]
+    series = pd.Series(values, dtype=object).map(pd.Timestamp)
+    if len({v.tzinfo for v in values}) == 1:
+        series = pd.Series(pd.DatetimeIndex(series))
+    assert one_by_one == expected
+    assert [text[-5:] for text in corvinel.format(series, "NLDATMTZ40.", "en_US", strip=True)] == expected
