@@ -110,8 +110,7 @@ void date_attempt(FuzzedDataProvider &in) {
   const int32_t width = in.ConsumeIntegralInRange(1, 60);
   const int32_t capacity = width + in.ConsumeIntegralInRange(0, 140);
   const int32_t digits = in.ConsumeIntegralInRange(-1, 12);
-  const auto accept = in.ConsumeBool() ? corvinel::nldate::Accept::kWhole
-                                       : corvinel::nldate::Accept::kShortened;
+  in.ConsumeBool();  // once the acceptance of a cut text; kept so the corpus reads as before
   const int32_t encoding = in.ConsumeBool() ? CORVINEL_ENC_UTF16LE : 0;
   const double value = in.ConsumeBool() ? std::bit_cast<double>(in.ConsumeIntegral<uint64_t>())
                                         : in.ConsumeFloatingPointInRange(-2e10, 6e11);
@@ -138,8 +137,8 @@ void date_attempt(FuzzedDataProvider &in) {
                                  own ? static_cast<int32_t>(pattern.size()) : selector, digits, value);
     if (result[path] != 0) continue;
     result[path] = path == 0 ? corvinel::nldate::attempt_in_field(
-                                   r, entry, accept, corvinel::nldate::read_attempt_session(r), placed[0])
-                             : corvinel::nldate::attempt_in_field_interpreted(r, entry, accept, placed[1]);
+                                   r, entry, corvinel::nldate::read_attempt_session(r), placed[0])
+                             : corvinel::nldate::attempt_in_field_interpreted(r, entry, placed[1]);
   }
   if (result[0] != result[1] || placed[0] != placed[1] || request[0].outlen != request[1].outlen ||
       request[0].xcode_state != request[1].xcode_state || out[0] != out[1]) {
@@ -148,7 +147,7 @@ void date_attempt(FuzzedDataProvider &in) {
                    path == 0 ? "compiled" : "interpreted", result[path], placed[path] ? 1 : 0,
                    request[path].outlen, capacity, out[path].data());
     }
-    std::fprintf(stderr, "session %s capacity %d record %ld kind %d digits %d accept %d encoding %d\n", std::setlocale(LC_ALL, nullptr), capacity, record ? static_cast<long>((record - ORBlocaleData[0]) / CORVINEL_LOCALE_ITEMS) : -1L, static_cast<int>(kind), digits, static_cast<int>(accept), encoding);
+    std::fprintf(stderr, "session %s capacity %d record %ld kind %d digits %d encoding %d\n", std::setlocale(LC_ALL, nullptr), capacity, record ? static_cast<long>((record - ORBlocaleData[0]) / CORVINEL_LOCALE_ITEMS) : -1L, static_cast<int>(kind), digits, encoding);
     std::fprintf(stderr, "pattern [");
     for (const char c : own ? pattern : std::string("(item)")) {
       const auto byte = static_cast<unsigned char>(c);

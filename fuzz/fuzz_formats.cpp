@@ -77,7 +77,7 @@ void check(const FormatCase &c, const fmtreq &sent, const fmtreq &back, int32_t 
   const bool marked = c.calls_classic_rendering() && back.flags == (sent.flags | FMTREQ_LOCALE_CALLER);
   if (back.flags != sent.flags && !marked) fail("flags changed");
   // A format that sets outlen sets it inside the buffer; some leave it as
-  // the host passed it (the single-pattern formats for a value out of range).
+  // the host passed it (a limit result).
   const bool outlen_set = back.outlen != sent.outlen;
   if (result == CORVINEL_OK && outlen_set && (back.outlen < 0 || back.outlen > sent.capacity)) {
     fail("outlen outside the buffer");

@@ -58,4 +58,20 @@ extern const int8_t skz_downshift[kCaseBlocks * 128];
 extern const CasePair skz_upaux[];
 extern const CasePair skz_downaux[];
 
+// Greek letters that carry diacritics, in code point order: the capital the
+// Greek rules of upper case give them (accents dropped, a dialytika kept:
+// Ϊ, Ϋ) and what the letter carries.
+inline constexpr uint8_t kGreekVowel = 1;
+inline constexpr uint8_t kGreekAccent = 2;     // a diacritic other than dialytika and iota subscript
+inline constexpr uint8_t kGreekDialytika = 4;
+
+struct GreekCapital {
+  uint16_t from;
+  uint16_t capital;
+  uint8_t flags;
+};
+
+extern const GreekCapital skz_greek_capitals[];
+extern const int32_t skz_greek_capital_count;
+
 }  // namespace corvinel::encoding

@@ -38,7 +38,7 @@ class Compiler {
     p.fixed_bound = p.fraction_steps = 0;
     p.least_bytes_present = p.least_bytes = p.most_units = p.most_utf8 = p.separator_bytes = 0;
     p.all_encodable = true;
-    p.names_weekdays = p.reads_weekday = p.reads_day_of_year = false;
+    p.reads_weekday = p.reads_day_of_year = false;
     p.laid_out = false;
     p.head = {};
     char work[kPatternBound];
@@ -229,7 +229,6 @@ class Compiler {
       }
       case Op::kWeekdayName:
         table = 7;
-        p.names_weekdays = true;
         break;
       case Op::kMonthName:
         table = 12;

@@ -158,7 +158,6 @@ struct CompiledPattern {
   int32_t least_bytes_present, least_bytes, most_units, most_utf8;
   int32_t separator_bytes;  // the decimal separators of the seconds with a fraction
   bool all_encodable;       // every piece has its bytes in the encoding
-  bool names_weekdays;  // a weekday name step (zwekday's odd weekdays before 1600)
   bool reads_weekday;   // a step reads the weekday
   bool reads_day_of_year;  // a step reads the day of the year
   Step steps[kMaxSteps];

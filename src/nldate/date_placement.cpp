@@ -49,13 +49,13 @@ int32_t cut_for_result_only(const char *text, int32_t length, int32_t width) {
 
 }  // namespace
 
-int32_t place_at_start(fmtreq &request, const char *text, int32_t length, Accept accept) {
+int32_t place_at_start(fmtreq &request, const char *text, int32_t length) {
   // Expansion never yields more than one conversion step, so a work buffer
   // of that size with the room cut to it gives the same results as
   // expanding in a buffer of the request's capacity.
   if (length > encoding::kStepCapacity) return encoding::kExpansionImpossible;
   // A text of no more bytes than the width has no more units either.
-  if (accept == Accept::kWhole && length > request.width) {
+  if (length > request.width) {
     length = cut_for_result_only(text, length, request.width);
   }
   char work[encoding::kStepCapacity];
@@ -63,8 +63,7 @@ int32_t place_at_start(fmtreq &request, const char *text, int32_t length, Accept
   int32_t expanded = length;
   const int32_t room = std::min(request.capacity, encoding::kStepCapacity);
   const int32_t result = encoding::expand_for_request(request, work, &expanded, room);
-  const int32_t limit = accept == Accept::kWhole ? 0 : encoding::kExpansionShortened;
-  if (result > limit) return result;
+  if (result > 0) return result;
   std::memset(request.output, ' ', static_cast<std::size_t>(request.capacity));
   std::memcpy(request.output, work, static_cast<std::size_t>(expanded));
   request.outlen = expanded;

@@ -10,18 +10,12 @@
 
 namespace corvinel::nldate {
 
-// How far an expansion result may go and still count as shown.
-enum class Accept {
-  kWhole,      // 0 or less: the text fits as it is
-  kShortened,  // 1 or less: a text cut back to the width is shown too
-};
-
 // Expands `length` bytes of `text` with the request's transcoding words,
-// width and capacity.  When the result is accepted, blank-fills `capacity`
-// bytes of `output`, copies the expanded text to its start and sets
-// `outlen` to its length; otherwise writes nothing.  Returns the
+// width and capacity.  When the whole text fits (result 0 or less),
+// blank-fills `capacity` bytes of `output`, copies the expanded text to its
+// start and sets `outlen` to its length; otherwise writes nothing.  Returns the
 // expansion's result.  Requires 1 <= width <= capacity.
-int32_t place_at_start(fmtreq &request, const char *text, int32_t length, Accept accept);
+int32_t place_at_start(fmtreq &request, const char *text, int32_t length);
 
 // The text `outlen` bytes of the field hold (a classic rendering or a short
 // form), trailing blanks stripped and moved left over its leading blanks

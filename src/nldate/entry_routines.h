@@ -4,6 +4,7 @@
 // parts the expander needs and calls expand.
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
@@ -15,6 +16,7 @@
 #include "corvinel/rounding.h"
 #include "locale/locale_records.h"
 #include "nldate/date_value.h"
+#include "nldate/fraction_rounding.h"
 
 namespace corvinel::nldate {
 
@@ -29,20 +31,6 @@ inline constexpr int32_t kValueRejected = -3;   // missing or outside the valid 
 inline constexpr int32_t kSelectorItemMask = 0xFF;
 inline constexpr int32_t kAppendZoneOffset = 256;  // " %z" follows the item's text
 inline constexpr int32_t kSelectorMark = 4096;     // carried, not read
-
-// The value rounded to `digits` fraction digits, a unit of 1/10^digits, as
-// zround rounds it.  A whole value at no digits is its own result (zero
-// becomes +0, as in zround), known without the call: every date, datetime
-// and time the host keeps in whole seconds.
-inline double rounded_to_digits(double value, int32_t digits) noexcept {
-  if (digits == 0 && std::fabs(value) < 0x1p51 &&
-      static_cast<double>(static_cast<int64_t>(value)) == value) {
-    return value == 0 ? 0.0 : value;
-  }
-  double result = value;
-  zround(&result, value, zpow10(-digits));
-  return result;
-}
 
 // With `pattern` null and selector >= 1 the selector names the locale item
 // whose text is the pattern; otherwise `pattern` holds `selector` bytes.
@@ -69,13 +57,11 @@ class EntryExpansion {
   // zkfdate (kind Date), zkfdttm (Datetime) or zkftime (Time) up to the
   // call of expand: 0 when the parts are ready, else the routine's result
   // (kItemNotFetched, kValueRejected).
-  // `rounded_to_whole`: the caller has already brought the value to whole
-  // seconds with rounded_to_digits, so the routine's own rounding at no
-  // fraction digits comes down to what rounding a whole value gives: the
-  // value itself, except that -0 (what a small negative rounds to) becomes
-  // +0.
+  // A datetime or time is rounded to its fraction digits first (see
+  // fraction_rounding.h); one that rounds past the end of the valid range
+  // is rejected like any value outside it.
   int32_t prepare(ValueKind kind, const locitem *record, const char *pattern, int32_t selector,
-                  int32_t fraction_digits, double value, bool rounded_to_whole = false) noexcept;
+                  int32_t fraction_digits, double value) noexcept;
 
   // expand with the prepared parts.
   int32_t expand(char *buffer, int32_t *field_width) const noexcept;
@@ -105,9 +91,19 @@ class EntryExpansion {
     whole_clock_ = static_cast<int32_t>(count % 86400);
     return calendar::split_count(count);
   }
-  double rounded_again(double value, bool rounded_to_whole) const noexcept {
-    if (rounded_to_whole && digits_ == 0) return value == 0 ? 0.0 : value;
-    return rounded_to_digits(value, digits_);
+  // A value that needs no rounding at any number of digits: a whole number
+  // (the seconds the host usually keeps), or one too large to hold a
+  // fraction, or not finite.
+  static bool is_whole(double value) noexcept {
+    return !(std::fabs(value) < 0x1p52) ||
+           static_cast<double>(static_cast<int64_t>(value)) == value;
+  }
+  // Hour (not reduced modulo 24), minute and second of a rounded count of
+  // seconds, with its fraction.
+  void set_clock(int64_t seconds, uint64_t units, int32_t digits) noexcept {
+    hour_ = static_cast<double>(seconds / 3600);
+    minute_ = static_cast<double>(seconds / 60 % 60);
+    second_ = second_with_fraction(seconds % 60, units, digits);
   }
   bool take_pattern(const locitem *record, const char *pattern, int32_t selector,
                     int32_t item_mask) noexcept;
@@ -162,8 +158,8 @@ inline int32_t clamp_digits(int32_t digits) noexcept {
 
 [[gnu::always_inline]] inline int32_t EntryExpansion::prepare(ValueKind kind, const locitem *record,
                                                               const char *pattern, int32_t selector,
-                                                              int32_t fraction_digits, double value,
-                                                              bool rounded_to_whole) noexcept {
+                                                              int32_t fraction_digits,
+                                                              double value) noexcept {
   // zkfdate takes the whole selector as the item, the others its low 8 bits.
   const int32_t item_mask = kind == ValueKind::Date ? ~0 : kSelectorItemMask;
   if (!take_pattern(record, pattern, selector, item_mask)) return kItemNotFetched;
@@ -179,26 +175,45 @@ inline int32_t clamp_digits(int32_t digits) noexcept {
     case ValueKind::Datetime: {
       if (!in_valid_range(kind, value)) return kValueRejected;
       digits_ = clamp_digits(fraction_digits);
-      const calendar::ClockParts parts = split_noting_clock(rounded_again(value, rounded_to_whole));
-      date_ = parts.date;
-      hour_ = parts.hour;
-      minute_ = parts.minute;
-      second_ = parts.second;
+      if (is_whole(value)) {
+        const calendar::ClockParts parts = split_noting_clock(value == 0 ? 0.0 : value);
+        date_ = parts.date;
+        hour_ = parts.hour;
+        minute_ = parts.minute;
+        second_ = parts.second;
+        return 0;
+      }
+      const int32_t exact = std::min(digits_, kExactFractionDigits);
+      const RoundedSeconds rounded = round_seconds(value, exact);
+      // Rounded up past the last second of the range: out of range too.
+      if (rounded.seconds >= static_cast<int64_t>(kEndDatetime)) return kValueRejected;
+      const DaySplit split = split_days(rounded.seconds);
+      if (rounded.units == 0 && split.day >= 0) whole_clock_ = static_cast<int32_t>(split.into_day);
+      date_ = static_cast<double>(split.day);
+      set_clock(split.into_day, rounded.units, exact);
       return 0;
     }
     case ValueKind::Time: {
       if (std::isnan(value) || value < 0) return kValueRejected;  // missing values are NaNs
       digits_ = clamp_digits(fraction_digits);
-      const double v = rounded_again(value, rounded_to_whole);
       date_ = std_miss_val;
-      const calendar::ClockParts parts = split_noting_clock(v);
-      // The hour is deliberately not reduced modulo 24; within the first
-      // day it is the split's (v is its own remainder by the day), and only
-      // there is the time its own time of day.
-      if (v >= 86400) whole_clock_ = -1;
-      hour_ = v < 86400 ? parts.hour : std::trunc(std::fabs(v / 3600));
-      minute_ = parts.minute;
-      second_ = parts.second;
+      if (is_whole(value)) {
+        const calendar::ClockParts parts = split_noting_clock(value);
+        // The hour is deliberately not reduced modulo 24; within the first
+        // day it is the split's (the value is its own remainder by the
+        // day), and only there is the time its own time of day.
+        if (value >= 86400) whole_clock_ = -1;
+        hour_ = value < 86400 ? parts.hour : std::trunc(value / 3600);
+        minute_ = parts.minute;
+        second_ = parts.second;
+        return 0;
+      }
+      const int32_t exact = std::min(digits_, kExactFractionDigits);
+      const RoundedSeconds rounded = round_seconds(value, exact);
+      if (rounded.units == 0 && rounded.seconds < 86400) {
+        whole_clock_ = static_cast<int32_t>(rounded.seconds);
+      }
+      set_clock(rounded.seconds, rounded.units, exact);
       return 0;
     }
   }

@@ -45,7 +45,7 @@ Parts derive_parts(double date, double hour, double minute, double second) noexc
     p.date_present = !is_missing(julian);
     p.day_of_year = p.date_present ? whole(std::fmod(julian, 1000.0)) : 0;
     if (p.date_present) zymdjul(&p.year, &p.month, &p.day, julian);
-    p.weekday = p.date_present ? whole(zwekday(date)) - 1 : -1;
+    p.weekday = p.date_present ? (whole(zwekday(date)) + 6) % 7 : -1;
   }
   p.date = p.date_present ? date : 0;
   p.hour = hour;
@@ -57,7 +57,8 @@ Parts derive_parts(double date, double hour, double minute, double second) noexc
 
 int64_t sunday_week(double date, int64_t day_of_year) noexcept {
   const double first_of_year = date - static_cast<double>(day_of_year) + 1;
-  const int64_t weekday = whole(zwekday(first_of_year));
+  // 1 = Sunday .. 7 = Saturday, also before 1600.
+  const int64_t weekday = (whole(zwekday(first_of_year)) + 6) % 7 + 1;
   const double first_sunday =
       weekday == 1 ? first_of_year : first_of_year - static_cast<double>(weekday) + 8;
   if (date < first_sunday) return 0;

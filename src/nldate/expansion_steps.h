@@ -14,6 +14,7 @@
 
 #include "corvinel/locale_db.h"
 #include "corvinel/text.h"
+#include "nldate/fraction_rounding.h"
 #include "nldate/pattern_expander.h"
 #include "nldate/week_numbering.h"
 
@@ -142,10 +143,14 @@ inline bool civil_day_of(double date, CivilDay &civil) noexcept {
   return true;
 }
 
-// zwekday(date) - 1 for a date civil_day_of splits, without zwekday's
-// checks: days counted from 2 January 1600, a Sunday, with the remainder
-// toward zero that zwekday keeps for the years before.
-inline int64_t weekday_of(double date) noexcept { return static_cast<int64_t>(date + 131486) % 7; }
+// The weekday index (0 = Sunday) of a date civil_day_of splits, without
+// zwekday's checks: days counted from 2 January 1600, a Sunday, moved on by
+// a thousand weeks so that the count is positive from 1 January 1582 on and
+// the conversion's truncation is the floor; the true weekday also before
+// 1600, where zwekday's own numbers run below Sunday.
+inline int64_t weekday_of(double date) noexcept {
+  return static_cast<int64_t>(date + (131486 + 7000)) % 7;
+}
 
 // The month of the date, or 0 when it is missing.
 inline int32_t month_of(const Parts &parts) noexcept {
@@ -227,28 +232,25 @@ int32_t substitute_representations(const Items &items, const char *pattern, int3
   return n == 0 ? 0 : wzstrip(work, n);
 }
 
-// The n fraction digits of a second, made by repeated multiplication, each
-// handed to put: only the last digit is rounded, never a 9 and never
-// carrying into earlier digits (the entry routines have rounded the value
-// already).  A missing second gives n asterisks.
+// The n fraction digits of a second, each handed to put: the fraction
+// rounded to n places (the entry routines have rounded the value itself,
+// carries included, so this gives back their digits), zeros past the
+// places kept exactly.  A missing second gives n asterisks.
 template <class Put>
 void put_fraction_digits(double second, int32_t n, Put put) noexcept {
   if (is_missing(second)) {
     for (int32_t i = 0; i < n; ++i) put('*');
     return;
   }
-  double s = std::fabs(second);
-  if (!std::isfinite(s)) s = 0;
-  double k = std::trunc(s);
-  for (int32_t i = 1; i <= n; ++i) {
-    s = (s - k) * 10;
-    k = std::trunc(s);
-    if (i == n && std::trunc((s - k) * 10) >= 5 && k < 9) {
-      s += 1;
-      k += 1;
-    }
-    put(static_cast<char>('0' + static_cast<int>(k)));
+  const int32_t exact = n < kExactFractionDigits ? n : kExactFractionDigits;
+  uint64_t units = fraction_units(second, exact);
+  char digits[kExactFractionDigits];
+  for (int32_t i = exact - 1; i >= 0; --i) {
+    digits[i] = static_cast<char>('0' + units % 10);
+    units /= 10;
   }
+  for (int32_t i = 0; i < exact; ++i) put(digits[i]);
+  for (int32_t i = exact; i < n; ++i) put('0');
 }
 
 // The TZ value when a format read it with ORB_LOCALE in one walk over the

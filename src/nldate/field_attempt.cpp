@@ -10,7 +10,7 @@
 namespace corvinel::nldate {
 namespace {
 
-int32_t general_attempt(fmtreq &request, const EntryExpansion &entry, Accept accept, bool interpreted,
+int32_t general_attempt(fmtreq &request, const EntryExpansion &entry, bool interpreted,
                         bool &placed) noexcept {
   char work[kWorkAreaSize];
   int32_t length = kWorkAreaSize;
@@ -20,26 +20,22 @@ int32_t general_attempt(fmtreq &request, const EntryExpansion &entry, Accept acc
                                        entry.minute(), entry.second())
                   : entry.expand(work, &length);
   placed = false;
-  // A text too long for the work area is cut to it (result 1); a format
-  // that shows a shortened text places that cut text too.
-  if (expanded != kExpandFits && !(expanded == kExpandTooLong && accept == Accept::kShortened)) {
-    return expanded;
-  }
-  const int32_t result = place_at_start(request, work, length, accept);
-  placed = result <= (accept == Accept::kWhole ? 0 : encoding::kExpansionShortened);
+  // A text too long for the work area (result 1) is not shown.
+  if (expanded != kExpandFits) return expanded;
+  const int32_t result = place_at_start(request, work, length);
+  placed = result <= 0;
   return result;
 }
 
 }  // namespace
 
-int32_t attempt_expanded(fmtreq &request, const EntryExpansion &entry, Accept accept,
-                         bool &placed) noexcept {
-  return general_attempt(request, entry, accept, false, placed);
+int32_t attempt_expanded(fmtreq &request, const EntryExpansion &entry, bool &placed) noexcept {
+  return general_attempt(request, entry, false, placed);
 }
 
-int32_t attempt_in_field_interpreted(fmtreq &request, const EntryExpansion &entry, Accept accept,
+int32_t attempt_in_field_interpreted(fmtreq &request, const EntryExpansion &entry,
                                      bool &placed) noexcept {
-  return general_attempt(request, entry, accept, true, placed);
+  return general_attempt(request, entry, true, placed);
 }
 
 }  // namespace corvinel::nldate

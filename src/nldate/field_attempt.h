@@ -49,12 +49,11 @@ inline AttemptSession read_attempt_session(const fmtreq &request,
 }
 
 // The general path for a prepared entry: expand into the work area, then
-// place_at_start with `accept`.  Returns the expansion's result when it is
-// not 0 (1: too long for the work area, -2: an unknown directive), else
-// place_at_start's; `placed` says whether the text stands in the field (its
-// result 0 or less, or 1 or less when a shortened text counts).
-int32_t attempt_expanded(fmtreq &request, const EntryExpansion &entry, Accept accept,
-                         bool &placed) noexcept;
+// place_at_start.  Returns the expansion's result when it is not 0 (1: too
+// long for the work area, -2: an unknown directive), else place_at_start's;
+// `placed` says whether the whole text stands in the field (its result 0
+// or less).  A text that does not fit whole is never shown cut.
+int32_t attempt_expanded(fmtreq &request, const EntryExpansion &entry, bool &placed) noexcept;
 
 // Blank-fills the buffer, copies the text to the start of the field.
 inline void lay(fmtreq &request, const char *text, int32_t length) noexcept {
@@ -68,7 +67,7 @@ inline void lay(fmtreq &request, const char *text, int32_t length) noexcept {
 // results and bytes either way.  In line: the formats make one or a few
 // attempts per call.
 [[gnu::always_inline]] inline int32_t attempt_in_field(fmtreq &request,
-                                                      const EntryExpansion &entry, Accept accept,
+                                                      const EntryExpansion &entry,
                                                       const AttemptSession &session,
                                                       bool &placed) noexcept {
   if (session.compiled) {
@@ -78,7 +77,7 @@ inline void lay(fmtreq &request, const char *text, int32_t length) noexcept {
       placed = false;
       const ProgramHead &head = head_of(*program);
       // A clock run is written straight into the field when it fits it.
-      if (head.clock_run && accept == Accept::kWhole && entry.fraction_digits() == 0) {
+      if (head.clock_run && entry.fraction_digits() == 0) {
         const RenderedText clock =
             entry.whole_clock() >= 0
                 ? render_clock_run(*program, static_cast<uint32_t>(entry.whole_clock()),
@@ -94,8 +93,7 @@ inline void lay(fmtreq &request, const char *text, int32_t length) noexcept {
           return clock.length - request.width;
         }
       }
-      if (accept == Accept::kWhole &&
-          head.least_bytes + int64_t{std::max(entry.fraction_digits(), 0)} * head.fraction_steps >
+      if (head.least_bytes + int64_t{std::max(entry.fraction_digits(), 0)} * head.fraction_steps >
               request.width &&
           certainly_too_long(*program, entry.date(), entry.hour(), entry.minute(), entry.second(),
                              entry.fraction_digits(), request.width)) {
@@ -113,34 +111,23 @@ inline void lay(fmtreq &request, const char *text, int32_t length) noexcept {
       const bool measured = rendered.outcome == RenderOutcome::kRendered &&
                             rendered.units <= encoding::kMaxUnits &&
                             rendered.utf8 <= encoding::kStepCapacity;
-      if (measured && rendered.symbolic > kWorkAreaSize && accept == Accept::kWhole) {
+      if (measured && rendered.symbolic > kWorkAreaSize) {
         return kExpandTooLong;  // the expansion did not fit the work area
       }
-      if (measured && rendered.symbolic <= kWorkAreaSize) {
-        if (rendered.length <= request.width) {
-          lay(request, text, rendered.length);
-          placed = true;
-          return rendered.length - request.width;
-        }
-        if (accept == Accept::kWhole) return encoding::kExpansionShortened;
-        // Cut back a character at a time until the text fits: in UTF-8 to
-        // the start of the character that would cross the width.
-        int32_t cut = request.width;
-        if (session.encoding == PieceEncoding::kUtf8) {
-          while (cut > 0 && (static_cast<unsigned char>(text[cut]) & 0xC0) == 0x80) --cut;
-        }
-        lay(request, text, cut);
+      if (measured) {
+        if (rendered.length > request.width) return encoding::kExpansionShortened;
+        lay(request, text, rendered.length);
         placed = true;
-        return encoding::kExpansionShortened;
+        return rendered.length - request.width;
       }
     }
   }
-  return attempt_expanded(request, entry, accept, placed);
+  return attempt_expanded(request, entry, placed);
 }
 
 // The same without the compiled patterns at all: the pattern interpreted
 // and the text through output expansion.  The reference of the tests.
-int32_t attempt_in_field_interpreted(fmtreq &request, const EntryExpansion &entry, Accept accept,
+int32_t attempt_in_field_interpreted(fmtreq &request, const EntryExpansion &entry,
                                      bool &placed) noexcept;
 
 }  // namespace corvinel::nldate

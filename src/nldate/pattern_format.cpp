@@ -43,20 +43,17 @@ int32_t try_pattern(fmtreq &request, const locitem *record, const AttemptSession
                                                : std::min(request.decimals, kMostFractionDigits);
   for (int32_t digits = most; digits >= 0; --digits) {
     EntryExpansion entry;
-    if (kind == ValueKind::Date) {
-      last = entry.prepare(kind, record, nullptr, selector, digits, value);
-    } else if (kind == ValueKind::Time && digits == 0) {
-      // A time brought into one day is neither negative nor -0 (a NaN stays
-      // a NaN): rounded to whole seconds here and again in the routine, it
-      // is what the routine's rounding alone gives.
-      last = entry.prepare(kind, record, nullptr, selector, 0, value);
-    } else {
-      last = entry.prepare(kind, record, nullptr, selector, digits,
-                           rounded_to_digits(value, digits), true);
-    }
+    // A time of day that rounds up to the end of its day is midnight.
+    const bool next_midnight =
+        kind == ValueKind::Time && value > 86399 &&
+        round_seconds(value, std::min(digits, kExactFractionDigits)).seconds >= 86400;
+    last = entry.prepare(kind, record, nullptr, selector, digits, next_midnight ? 0.0 : value);
+    // A value that rounds past the end of the range does so with fewer
+    // digits too.
+    if (last == kValueRejected) return last;
     if (last != 0) continue;
     bool placed = false;
-    last = attempt_in_field(request, entry, Accept::kWhole, session, placed);
+    last = attempt_in_field(request, entry, session, placed);
     if (placed) return 0;
   }
   return last == 0 ? kExpandTooLong + 1 : last;
@@ -144,6 +141,7 @@ int32_t render_with_locale_patterns(fmtreq &request, const PatternFormat &format
     case ValueKind::Time: last = passes.template operator()<ValueKind::Time>(); break;
   }
   if (last == 0) return CORVINEL_OK;
+  if (last == kValueRejected) return frame::fill_stars(request);
   return render_fallback(request, format.fallback, value, session);
 }
 

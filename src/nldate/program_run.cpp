@@ -134,8 +134,6 @@ NameChoice choose_name(const CompiledPattern &program, const Step &step, const D
   switch (step.op) {
     case Op::kWeekdayName:
       if (!day.present) return NameChoice::kMissing;
-      // zwekday's weekdays before 1600 run below Sunday: interpreted.
-      if (day.weekday < 0) return NameChoice::kDeclined;
       index = day.weekday;
       break;
     case Op::kMonthName:
@@ -186,9 +184,6 @@ bool certainly_too_long(const CompiledPattern &program, double date, double hour
   // A character the session lacks may make output expansion refuse the
   // text rather than report it too long.
   if (program.unknown_directive || !program.all_encodable) return false;
-  // Before 2 January 1600 zwekday's weekdays run below Sunday and name
-  // other items.
-  if (program.names_weekdays && !is_missing(date) && !(date >= -131486)) return false;
   const bool present =
       !is_missing(date) && !is_missing(hour) && !is_missing(minute) && !is_missing(second);
   const int64_t least = (present ? program.least_bytes_present : program.least_bytes) + digits +

@@ -14,6 +14,7 @@
 #include "nldate/date_frame.h"
 #include "nldate/date_placement.h"
 #include "nldate/entry_routines.h"
+#include "nldate/fraction_rounding.h"
 #include "nldate/pattern_expander.h"
 #include "nldate/short_numeric_form.h"
 #include "nldate/week_numbering.h"
@@ -200,18 +201,20 @@ void put_date(ShortText &text, const FormShape &shape, const DateVariant &varian
   }
 }
 
-// The time of day of a datetime rounded to `digits` fraction digits,
-// through the pattern expander (the locale's decimal separator and the
-// fraction digits as the datetime formats write them).
-void put_time(ShortText &text, int32_t locale, double rounded, TimeVariant variant,
-              int32_t digits) {
+// The time of day of a rounded datetime, `into_day` seconds and `units`
+// of 10^-digits, through the pattern expander (the locale's decimal
+// separator and the fraction digits as the datetime formats write them).
+void put_time(ShortText &text, int32_t locale, int64_t into_day, uint64_t units,
+              TimeVariant variant, int32_t digits) {
   static constexpr std::string_view kPatterns[] = {"%H:%M:%S", "%H:%M", "%H"};
   const std::string_view pattern = kPatterns[static_cast<int>(variant)];
   int32_t width = text.room();
+  const int32_t exact = std::min(digits, kExactFractionDigits);
   const int32_t result =
       expand(locale, pattern.data(), static_cast<int32_t>(pattern.size()), text.end(), &width,
-             variant == TimeVariant::kSeconds ? digits : 0, std_miss_val, zhour(rounded),
-             zminute(rounded), zsecond(rounded));
+             variant == TimeVariant::kSeconds ? digits : 0, std_miss_val,
+             static_cast<double>(into_day / 3600), static_cast<double>(into_day / 60 % 60),
+             second_with_fraction(into_day % 60, units, exact));
   if (result == kExpandFits) {
     text.grow(width);
   } else {
@@ -257,13 +260,18 @@ int32_t render_short_datetime(fmtreq &request, double value, DateOrder order,
   for (const Step &step : kSteps) {
     const bool with_fraction = step.date_variant == 0 && step.time == TimeVariant::kSeconds;
     for (int32_t digits = with_fraction ? most_digits : 0; digits >= 0; --digits) {
-      const double rounded = rounded_to_digits(value, digits);
+      // Rounded first, carries into the date included; past the end of the
+      // range with fewer digits too.
+      const RoundedSeconds rounded =
+          round_seconds(value, std::min(digits, kExactFractionDigits));
+      if (rounded.seconds >= static_cast<int64_t>(kEndDatetime)) return frame::fill_stars(request);
+      const DaySplit split = split_days(rounded.seconds);
       ShortText text;
       put_date(text, kDateShape, kDateShape.variants[step.date_variant], order, separator,
-               parts_of(zdatprt(rounded)));
+               parts_of(static_cast<double>(split.day)));
       text.put(" ", 1);
-      put_time(text, request.locale, rounded, step.time, digits);
-      if (place_at_start(request, text.bytes(), text.length(), Accept::kWhole) <= 0) {
+      put_time(text, request.locale, split.into_day, rounded.units, step.time, digits);
+      if (place_at_start(request, text.bytes(), text.length()) <= 0) {
         return CORVINEL_OK;
       }
     }
@@ -296,7 +304,7 @@ int32_t render_short_numeric(fmtreq &request, ShortForm form, double value) {
   for (int i = 0; i < shape.count; ++i) {
     ShortText text;
     put_date(text, shape, shape.variants[i], order, separator, parts);
-    if (place_at_start(request, text.bytes(), text.length(), Accept::kWhole) <= 0) {
+    if (place_at_start(request, text.bytes(), text.length()) <= 0) {
       return CORVINEL_OK;
     }
   }

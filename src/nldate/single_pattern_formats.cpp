@@ -1,8 +1,10 @@
 // The single-pattern date and datetime formats: the long (L) and medium (M)
 // forms of the date, year-month, year-quarter and month-day, the month and
 // weekday names (MN, WN), the weekday date (W) and the datetime forms.  Each
-// expands exactly one pattern, without a shorter retry or a fallback, and
-// takes its limits from its own registry descriptor.
+// walks its own pattern table in order and shows the first text that fits
+// the field whole, else "*"; it takes its limits from its own registry
+// descriptor.
+#include <algorithm>
 #include <cstring>
 #include <string_view>
 
@@ -26,17 +28,19 @@ namespace {
 constexpr int32_t kShortFormSentinel = 190;
 
 // One entry of a format's pattern table: a pattern text (its length is
-// passed as the selector) or, without a text, a locale item selector.
+// passed as the selector) or, without a text, a locale item selector.  An
+// entry that is no pattern (the weekday-name tables end with one, kept as
+// the table's data) ends the walk.
 struct PatternEntry {
   const char *text;
   int32_t selector;
+  bool pattern = true;
 };
 
 struct SinglePatternFormat {
   std::string_view name;  // the registry name, for the limits
   ValueKind kind;         // Date or Datetime
-  // The pattern table.  Only the first entry is expanded; the others name
-  // the next shorter patterns and are kept as the format's data.
+  // The pattern table, longest text first.
   const PatternEntry *entries;
   std::size_t entry_count;
   ShortForm short_form;
@@ -61,7 +65,7 @@ constexpr PatternEntry kMediumYearQuarter[] = {item(41), kShortForm};
 constexpr PatternEntry kLongMonthDay[] = {item(36), item(37), kShortForm};
 constexpr PatternEntry kMediumMonthDay[] = {item(37), kShortForm};
 constexpr PatternEntry kMonthName[] = {{"%#B", 95}, {"%#b", 83}, {"%o", 2}};
-constexpr PatternEntry kWeekdayName[] = {{"%#A", 128}, {"%#a", 121}, {"uw", 42}};
+constexpr PatternEntry kWeekdayName[] = {{"%#A", 128}, {"%#a", 121}, {"uw", 42, false}};
 constexpr PatternEntry kWeekdayDate[] = {item(32), item(33), {"%#A", 128}, {"%#a", 121}};
 constexpr PatternEntry kLongDatetime[] = {item(49 + kMark), item(48 + kMark), item(47 + kMark),
                                           kShortForm};
@@ -118,27 +122,42 @@ constexpr SinglePatternFormat kNldatmw =
 constexpr SinglePatternFormat kNldatmdt =
     single("NLDATMDT", kDatetime, kDateOfDatetime, ShortForm::DatetimeDate);
 
-// The first entry expanded into the work area (datetime members with
-// `decimals` fraction digits) and kept when output expansion reports 1 or
-// less: a text cut back to the width is shown too.  Above 1 the output
-// stays as the host passed it and that result is returned.  An entry that
-// cannot be expanded (its item not fetched, an unknown directive) counts as
-// a work area output expansion cannot convert (result 4).
+// Fraction digits past output expansion's units cannot show (the text
+// would not fit); the datetime members start their walk there at most.
+constexpr int32_t kMostFractionDigits = 200;
+
+// The table walked: each entry (the datetime members from `decimals`
+// fraction digits down to none) expanded and kept when output expansion
+// takes it whole; the short numeric form when the walk reaches it.  An
+// entry that cannot be expanded (its item not fetched, an unknown
+// directive) is passed over.  Nothing fits: all "*".
 int32_t render_single_pattern(fmtreq &request, const SinglePatternFormat &format, double value) {
-  const PatternEntry &entry = format.entries[0];
-  const int32_t selector =
-      entry.text != nullptr ? static_cast<int32_t>(std::strlen(entry.text)) : entry.selector;
-  EntryExpansion expansion;
-  if (expansion.prepare(format.kind, locale::select_record(request.locale), entry.text, selector,
-                        request.decimals, value) != 0) {
-    return encoding::kExpansionImpossible;
+  const locitem *record = locale::select_record(request.locale);
+  const int32_t most = format.kind == ValueKind::Datetime
+                           ? std::clamp(request.decimals, 0, kMostFractionDigits)
+                           : 0;
+  const AttemptSession session = read_attempt_session(request);
+  for (std::size_t i = 0; i < format.entry_count && format.entries[i].pattern; ++i) {
+    const PatternEntry &entry = format.entries[i];
+    if (entry.text == nullptr && entry.selector == kShortFormSentinel) {
+      return render_short_numeric(request, format.short_form, value);
+    }
+    const int32_t selector =
+        entry.text != nullptr ? static_cast<int32_t>(std::strlen(entry.text)) : entry.selector;
+    for (int32_t digits = most; digits >= 0; --digits) {
+      EntryExpansion expansion;
+      const int32_t prepared =
+          expansion.prepare(format.kind, record, entry.text, selector, digits, value);
+      // Rounded past the end of the range: so with fewer digits too.
+      if (prepared == kValueRejected) return frame::fill_stars(request);
+      if (prepared != 0) break;
+      bool placed = false;
+      const int32_t result = attempt_in_field(request, expansion, session, placed);
+      if (placed) return CORVINEL_OK;
+      if (result < 0 || result > encoding::kExpansionShortened) break;
+    }
   }
-  bool placed = false;
-  const int32_t result = attempt_in_field(request, expansion, Accept::kShortened,
-                                          read_attempt_session(request), placed);
-  if (placed) return CORVINEL_OK;
-  // An unknown directive counts as a text output expansion cannot convert.
-  return result < 0 ? encoding::kExpansionImpossible : result;
+  return frame::fill_stars(request);
 }
 
 int32_t single_pattern_frame(fmtreq *request, const SinglePatternFormat &format) {
@@ -152,11 +171,8 @@ int32_t single_pattern_frame(fmtreq *request, const SinglePatternFormat &format)
   }
   const double value = frame::read_value(r);
   if (frame::is_missing(value)) return frame::render_missing_at_right_edge(r);
-  // Deliberate: a value out of range leaves the output as the host passed it.
-  if (!in_valid_range(format.kind, value)) return CORVINEL_OK;
-  if (!frame::field_fits_buffer(r)) return frame::fill_stars(r);
-  if (format.entries[0].selector == kShortFormSentinel && format.entries[0].text == nullptr) {
-    return render_short_numeric(r, format.short_form, value);
+  if (!in_valid_range(format.kind, value) || !frame::field_fits_buffer(r)) {
+    return frame::fill_stars(r);
   }
   return render_single_pattern(r, format, value);
 }

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstring>
 
+#include "calendar/calendar_rules.h"
 #include "corvinel/calendar.h"
 #include "corvinel/missing.h"
 #include "corvinel/weeks.h"
@@ -31,6 +32,14 @@ double year_length(int64_t year) { return gregorian_leap(year) ? 366.0 : 365.0; 
 
 // The date's parts when it is a valid date value.
 bool valid_date(double date) { return !zmiss(date) && date >= -138061 && date < 6589336; }
+
+// The weekday of a valid date, 1 = Sunday .. 7 = Saturday, for every day of
+// the range: days counted from 2 January 1600, a Sunday, with the
+// remainder taken non-negative.
+int64_t true_weekday(double date) {
+  const int64_t k = static_cast<int64_t>(std::floor(date)) + 131486;
+  return (k % 7 + 7) % 7 + 1;
+}
 
 }  // namespace
 
@@ -88,19 +97,21 @@ extern "C" int32_t i2s(int32_t value, char *destination, int32_t width, char pad
   return write_digits(magnitude, destination, width, pad);
 }
 
+// The three styles counted in the module's own calendar: the day of the
+// year from zjuldat (so a year divisible by 4000 has no 29 February here
+// either) and the true weekday, also for the days before 1600, where
+// zwekday keeps its odd negative numbers.
 extern "C" int32_t get_yywwdd(const char *style, void * /*passthrough*/, double *year, double *week,
                               double *day, double date) {
   if (year == nullptr || week == nullptr || day == nullptr) return 0;
   *year = *week = *day = -1;
   if (style == nullptr || !valid_date(date)) return 0;
 
-  int32_t month = 0, mday = 0, y = 0;
-  getMonthDayYear(&month, &mday, &y, date);
-  const int64_t wd = static_cast<int64_t>(zwekday(date));  // 1 = Sunday .. 7 = Saturday
-  int64_t n = 0;
-  double unused_fraction = 0;
-  diff_actact(1, 1, y, month, mday, y, &n, &unused_fraction);
-  *year = y;
+  const double julian = zjuldat(date);
+  const auto y = static_cast<int64_t>(julian / 1000);
+  const int64_t n = static_cast<int64_t>(julian) - 1000 * y - 1;  // 0 on 1 January
+  const int64_t wd = true_weekday(date);  // 1 = Sunday .. 7 = Saturday
+  *year = static_cast<double>(y);
   *day = static_cast<double>(((n + 2) % 7) + 1);
 
   switch (*style) {
@@ -118,10 +129,10 @@ extern "C" int32_t get_yywwdd(const char *style, void * /*passthrough*/, double 
       if (k < 0) {
         // The last week of the previous year.
         iso_year = y - 1;
-        const int64_t leap = gregorian_leap(iso_year) ? 1 : 0;
+        const int64_t leap = corvinel::calendar::is_leap_year(iso_year);
         k = n + leap - ((leap + n - wd + 748) % 7) + 368;
       } else {
-        const int64_t leap = gregorian_leap(y) ? 1 : 0;
+        const int64_t leap = corvinel::calendar::is_leap_year(y);
         const int64_t t = n - leap - ((n - wd - leap + 18) % 7) - 362;
         if (t >= 0) {
           // Week 1 of the next year.

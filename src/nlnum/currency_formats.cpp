@@ -3,22 +3,26 @@
 // conventions of the request's locale.
 //
 // Attempts, until one fits the field:
-//   1. the number grouped, with the symbol;
+//   1. the fixed text with the request's decimals, grouped, with the symbol;
 //   2. ungrouped, with the symbol;
-//   3. ungrouped, without the symbol; when the fixed text alone is wider
-//      than the field, exponent notation ("%G" with `decimals` significant
-//      digits) with the symbol instead;
-//   4. exponent notation without the symbol, first with `decimals`
+//   3. ungrouped, without the symbol; then the same with one decimal fewer
+//      at a time, down to none (a fixed text wider than the field is
+//      skipped, and what an attempt gave up stays given up).  Plain digits
+//      keep more of the value than an exponent text of the same width;
+//   4. only when even the integer part does not fit: exponent notation
+//      ("%G" with `decimals` significant digits), with the symbol when no
+//      fixed text could be tried;
+//   5. exponent notation without the symbol, first with `decimals`
 //      significant digits.  Every exponent attempt that does not fit records
 //      its excess (the narrow text's length minus the width) and the next
 //      one keeps that many fewer digits, so a wide request converges in a
-//      few steps instead of one digit at a time.  (The excess of attempt 3
-//      is not used: it was measured with the symbol or on the fixed text.)
-//      An exponent text that is wider than the field on its own gives up
-//      its own excess in digits; one that is wider even with one digit
-//      gives the "*" field.  When the attempt with one digit does not fit
-//      either, the exponent attempts end;
-//   5. the fixed text alone, right-justified in the field ("%*.*f"), without
+//      few steps instead of one digit at a time.  (The excess of the fixed
+//      attempts and of attempt 4 is not used: it was measured with the
+//      symbol or on a fixed text.)  An exponent text that is wider than the
+//      field on its own gives up its own excess in digits; one that is wider
+//      even with one digit gives the "*" field.  When the attempt with one
+//      digit does not fit either, the exponent attempts end;
+//   6. the fixed text alone, right-justified in the field ("%*.*f"), without
 //      separators, symbol or sign layout;
 // then the "*" field.
 #include <algorithm>
@@ -89,28 +93,32 @@ class AmountFitting {
     // without a decimal mark (a locale ORB_LOCALE does not name), where the
     // fraction digits then follow the integer digits directly.
     const int decimals = std::clamp(request_.decimals, 0, kMaxPrecision);
-    // The fixed text is written only when an attempt needs it as text.
-    ScaledDecimal scaled;
-    if ((one_pass_ != nullptr || one_pass_without_symbol_ != nullptr) &&
-        texts_.splits_at_decimal_point() && texts_.scaled(value_, decimals, scaled)) {
-      scaled_ = &scaled;
-    }
-    const int fixed_length =
-        scaled_ != nullptr ? scaled.text_length() : texts_.fixed(value_, decimals, fixed_);
-    fixed_written_ = scaled_ == nullptr;
-    if (fixed_length <= 0) return frame::fill_stars(request_);
-    if (fixed_length <= fitting) {
-      if (attempt(kFixedText, decimals, true, true)) return done_;
-      // Without a separator the ungrouped text is the same one.
-      if (number_.grouped && attempt(kFixedText, decimals, false, true)) return done_;
-    }
-    char exponent[kDigitTextCapacity];
-    if (fixed_length > fitting) {
-      if (texts_.general(value_, 0, decimals, exponent) <= fitting &&
-          attempt(exponent, decimals, false, true)) {
-        return done_;
+    // The fixed texts, with fewer and fewer decimals: each that fits the
+    // field as digits is tried grouped with the symbol, then without the
+    // separators, then without the symbol; what one of them gave up stays
+    // given up.
+    bool grouping = true;
+    bool with_symbol = true;
+    for (int d = decimals; d >= 0; --d) {
+      const int fixed_length = prepare_fixed(d);
+      if (fixed_length <= 0) return frame::fill_stars(request_);
+      if (fixed_length > fitting) continue;
+      for (;;) {
+        if (attempt(kFixedText, d, grouping, with_symbol)) return done_;
+        if (grouping && number_.grouped) {
+          grouping = false;
+        } else if (with_symbol) {
+          with_symbol = false;  // without separators the text is the same
+        } else {
+          break;
+        }
       }
-    } else if (attempt(kFixedText, decimals, false, false)) {
+    }
+    // Even the integer part does not fit: exponent texts.  When no fixed
+    // text was tried, the first keeps the symbol.
+    char exponent[kDigitTextCapacity];
+    if (with_symbol && texts_.general(value_, 0, decimals, exponent) <= fitting &&
+        attempt(exponent, decimals, false, true)) {
       return done_;
     }
 
@@ -176,6 +184,21 @@ class AmountFitting {
     return false;
   }
 
+  // The fixed text with `decimals` places for the attempts that follow:
+  // as a number where the one pass can lay it out (written only when an
+  // attempt needs it as text), else written.  Returns its length.
+  int prepare_fixed(int decimals) {
+    scaled_ = nullptr;
+    if ((one_pass_ != nullptr || one_pass_without_symbol_ != nullptr) &&
+        texts_.splits_at_decimal_point() && texts_.scaled(value_, decimals, scaled_storage_)) {
+      scaled_ = &scaled_storage_;
+      fixed_written_ = false;
+      return scaled_storage_.text_length();
+    }
+    fixed_written_ = true;
+    return texts_.fixed(value_, decimals, fixed_);
+  }
+
   // The value alone, right-justified in the field by "%*.*f"; expansion may
   // use twice the capacity (16-bit units of a full field).
   int32_t last_resort(int decimals) {
@@ -209,6 +232,7 @@ class AmountFitting {
   const bool negative_;
   AssembledNumber number_;
   static constexpr const char *kFixedText = nullptr;
+  ScaledDecimal scaled_storage_;
   const ScaledDecimal *scaled_ = nullptr;  // the fixed text as a number, when the one pass can use it
   char fixed_[kDigitTextCapacity];
   bool fixed_written_ = false;

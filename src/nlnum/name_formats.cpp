@@ -3,16 +3,15 @@
 // abbreviated name, bit 1 upper case.
 #include <algorithm>
 #include <array>
-#include <climits>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-#include <cwchar>
-#include <cwctype>
+#include <string_view>
 
 #include "corvinel/formats.h"
 #include "corvinel/locale_db.h"
-#include "corvinel/unicode.h"
+#include "encoding/locale_upper_case.h"
+#include "encoding/output_expansion.h"
 #include "encoding/request_expansion.h"
 #include "encoding/transcode_steps.h"
 #include "frame/format_frame.h"
@@ -36,74 +35,53 @@ constexpr NameFormat kMonths{12, 95, 83};
 constexpr NameFormat kQuarters{4, 147, 143};
 constexpr NameFormat kWeekdays{7, 128, 121};
 
+// The locale item that holds the language code ("tr").
+constexpr int32_t kLanguageItem = 4;
+
 // Room of the work buffer: a name (at most an item text) and what output
 // expansion makes of it, which is never more than one conversion step.
 constexpr int32_t kWorkBytes = encoding::kStepCapacity;
 
-// Upper case of 16-bit units in the byte order of the delivered encoding.
-void upper_case_units(char *text, int32_t length, bool high_byte_first) {
-  std::array<uint16_t, kWorkBytes / 2> units;
-  const int32_t count = length / 2;
-  auto *bytes = reinterpret_cast<unsigned char *>(text);
-  for (int32_t i = 0; i < count; ++i) {
-    const unsigned first = bytes[2 * i], second = bytes[2 * i + 1];
-    units[i] = static_cast<uint16_t>(high_byte_first ? first << 8 | second : second << 8 | first);
-  }
-  UPCASE(units.data(), count);
-  for (int32_t i = 0; i < count; ++i) {
-    const auto high = static_cast<unsigned char>(units[i] >> 8);
-    const auto low = static_cast<unsigned char>(units[i] & 0xFF);
-    bytes[2 * i] = high_byte_first ? high : low;
-    bytes[2 * i + 1] = high_byte_first ? low : high;
-  }
-}
+// Room of the upper-case text in the symbolic notation: output expansion
+// takes at most kMaxUnits units, each written back as at most one escape.
+constexpr int32_t kEscapeBytes = 7;  // "<Uxxxx>"
+constexpr int32_t kSymbolicBytes = encoding::kMaxUnits * kEscapeBytes;
 
-// Upper case of text in the session encoding through the C library, with
-// conversion states of our own and fixed buffers.  A character whose upper
-// case the encoding cannot show keeps its stored form; text that is not
-// valid in the session encoding is left as it is.  Returns false when the
-// upper-case text would be longer than `limit` bytes.
-bool upper_case_in_session_encoding(char *text, int32_t &length, int32_t limit) {
-  std::array<char, kWorkBytes + 1> narrow{};
-  const auto size = static_cast<std::size_t>(length);
-  if (std::memchr(text, '\0', size) != nullptr) return true;
-  std::memcpy(narrow.data(), text, size);
-  std::array<wchar_t, kWorkBytes> wide;
-  const char *source = narrow.data();
-  std::mbstate_t to_wide{};
-  const std::size_t count = std::mbsrtowcs(wide.data(), &source, wide.size(), &to_wide);
-  if (count == static_cast<std::size_t>(-1)) return true;
-
-  std::array<char, kWorkBytes> upper;
-  std::size_t upper_length = 0;
-  std::mbstate_t to_narrow{};
-  std::array<char, MB_LEN_MAX> bytes;
-  const auto append = [&](std::size_t n) {
-    if (upper_length + n > static_cast<std::size_t>(limit)) return false;
-    std::memcpy(upper.data() + upper_length, bytes.data(), n);
-    upper_length += n;
-    return true;
-  };
-  for (std::size_t i = 0; i < count; ++i) {
-    const std::mbstate_t before = to_narrow;
-    std::size_t n =
-        std::wcrtomb(bytes.data(), static_cast<wchar_t>(std::towupper(wide[i])), &to_narrow);
-    if (n == static_cast<std::size_t>(-1)) {
-      to_narrow = before;
-      n = std::wcrtomb(bytes.data(), wide[i], &to_narrow);
-      if (n == static_cast<std::size_t>(-1)) return true;
+// The item text `text` (`length` bytes, non-ASCII characters as "<Uxxxx>")
+// in upper case by the rules of the locale's language, written back in the
+// same notation to `text` (kSymbolicBytes of room) before output expansion:
+// the session encoding and 16-bit units then show the same characters,
+// whatever the process locale.  A text too long for expansion is left as it
+// is (expansion refuses it).
+void upper_case_symbolic(char *text, int32_t &length, int32_t locale) {
+  std::array<unsigned char, encoding::kStepCapacity> bytes;
+  const int32_t count = encoding::expand_escapes(text, length, bytes.data());
+  if (count < 0) return;
+  std::array<uint16_t, encoding::kMaxUnits> units;
+  const int32_t n = count / 2;
+  for (int32_t i = 0; i < n; ++i) {
+    units[i] = static_cast<uint16_t>(bytes[2 * i] | bytes[2 * i + 1] << 8);
+  }
+  char language[CORVINEL_LOCALE_TEXT];
+  const int32_t language_length = getORBLocDB(language, sizeof language, kLanguageItem, locale);
+  encoding::upper_case_units(
+      units.data(), n,
+      encoding::case_rules_of(std::string_view(language, static_cast<std::size_t>(std::max(language_length, 0)))));
+  // "<" is written as an escape too, so that no escape forms anew.
+  constexpr char kHex[] = "0123456789ABCDEF";
+  int32_t out = 0;
+  for (int32_t i = 0; i < n; ++i) {
+    const uint16_t unit = units[i];
+    if (unit < 0x80 && unit != '<') {
+      text[out++] = static_cast<char>(unit);
+      continue;
     }
-    if (!append(n)) return false;
+    const char escape[kEscapeBytes] = {'<', 'U', kHex[unit >> 12], kHex[(unit >> 8) & 15],
+                                       kHex[(unit >> 4) & 15], kHex[unit & 15], '>'};
+    std::memcpy(text + out, escape, kEscapeBytes);
+    out += kEscapeBytes;
   }
-  // A stateful encoding returns to its initial shift state; the NUL that
-  // wcrtomb writes after the shift bytes is not part of the text.
-  const std::size_t closing = std::wcrtomb(bytes.data(), L'\0', &to_narrow);
-  if (closing != static_cast<std::size_t>(-1) && closing > 1 && !append(closing - 1)) {
-    return false;
-  }
-  std::memcpy(text, upper.data(), upper_length);
-  length = static_cast<int32_t>(upper_length);
-  return true;
+  length = out;
 }
 
 // The name of a value in 1 .. last, left-aligned, with outlen its length;
@@ -113,24 +91,16 @@ int32_t render_name(fmtreq &request, const NameFormat &format, double value) {
       (request.decimals & kAbbreviatedBit) != 0 ? format.abbreviated_names : format.full_names;
   // Truncated toward zero: 2.7 names the second.
   const auto item = static_cast<int32_t>(base + (value - 1.0));
-  std::array<char, kWorkBytes> work;
-  const int32_t length = getORBLocDB(work.data(), CORVINEL_LOCALE_TEXT, item, request.locale);
+  std::array<char, std::max(kWorkBytes, kSymbolicBytes)> work;
+  int32_t length = getORBLocDB(work.data(), CORVINEL_LOCALE_TEXT, item, request.locale);
   if (length < 0) return frame::fill_stars(request);
+  if ((request.decimals & kUpperCaseBit) != 0) upper_case_symbolic(work.data(), length, request.locale);
 
   std::memset(request.output, ' ', static_cast<std::size_t>(request.width));
   request.outlen = length;
   const int32_t room = std::min(request.capacity, kWorkBytes);
   if (encoding::expand_for_request(request, work.data(), &request.outlen, room) >= 1) {
     return frame::fill_stars(request);
-  }
-  if ((request.decimals & kUpperCaseBit) != 0) {
-    if (encoding::delivers_16_bit_units(request)) {
-      upper_case_units(work.data(), request.outlen,
-                       encoding::delivered_encoding(request) == CORVINEL_ENC_UTF16BE);
-    } else if (!upper_case_in_session_encoding(work.data(), request.outlen,
-                                               std::min(request.width, room))) {
-      return frame::fill_stars(request);
-    }
   }
   std::memcpy(request.output, work.data(), static_cast<std::size_t>(request.outlen));
   return CORVINEL_OK;

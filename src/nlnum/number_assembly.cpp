@@ -51,12 +51,27 @@ void assemble_number(const char *digits, int decimals, const NumberMarks &marks,
   number.two_byte_decimal = false;
   Appender out(number.text, kMaxAssembledNumber);
 
-  const std::size_t point = text.find('.');
-  if (text.find('E') != std::string_view::npos && point != std::string_view::npos) {
-    out.append(text.substr(0, point));
-    out.append(marks.decimal);
-    out.append(text.substr(point + 1));
-    if (marks.decimal.size() == 2) number.two_byte_decimal = true;
+  if (text.find('E') != std::string_view::npos) {
+    // An exponent text: never grouped, its padding blanks no part of it.
+    // Its point is "."; a process locale with another decimal point writes
+    // that one, found as a fixed text's point is (there is none without
+    // decimals: "%.0G" keeps one digit).
+    text = text.substr(0, static_cast<std::size_t>(wzstrip(text.data(), static_cast<int32_t>(text.size()))));
+    std::size_t point = text.find('.');
+    std::size_t point_size = 1;
+    const bool dot = point != std::string_view::npos;
+    if (!dot && decimals > 0 && *mon_decimal_point != '\0') {
+      point = text.find(mon_decimal_point);
+      point_size = std::strlen(mon_decimal_point);
+    }
+    if (point == std::string_view::npos) {
+      out.append(text);
+    } else {
+      out.append(text.substr(0, point));
+      out.append(marks.decimal);
+      out.append(text.substr(point + point_size));
+      if (dot && marks.decimal.size() == 2) number.two_byte_decimal = true;
+    }
     number.length = out.length();
     return;
   }

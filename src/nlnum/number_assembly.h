@@ -27,7 +27,7 @@ struct AssembledNumber {
   char text[kMaxAssembledNumber];
   int length = 0;  // the whole length; only the first kMaxAssembledNumber bytes are kept
   bool grouped = false;           // a group separator (not an empty one) was written
-  bool two_byte_decimal = false;  // an exponent text got a decimal mark of two bytes
+  bool two_byte_decimal = false;  // an exponent text's "." became a decimal mark of two bytes
 
   std::string_view view() const {
     return {text, static_cast<std::size_t>(length < kMaxAssembledNumber ? length : kMaxAssembledNumber)};
@@ -37,8 +37,11 @@ struct AssembledNumber {
 // The number of the digit text `digits` (NUL-terminated, as printf wrote it
 // with `decimals` places, or "%G"): its leading "-" dropped (the layout
 // writes the sign), then
-//   - an exponent text ("E" and "." in it): the digits before ".", the
-//     locale's decimal mark, the rest unchanged;
+//   - an exponent text (one that holds "E", with a point or not): its
+//     padding blanks dropped, the digits before the point, the locale's
+//     decimal mark, the rest unchanged; never grouped.  The point is "."
+//     or, with decimals, the process locale's monetary decimal point as
+//     below; a text without one is kept as it is;
 //   - otherwise the whole text is the integer part when `decimals` is 0;
 //     else it is split at the process locale's monetary decimal point
 //     (`mon_decimal_point`, or "." when that is empty), and a text without
@@ -46,11 +49,6 @@ struct AssembledNumber {
 //     locale's decimal mark.  With grouping allowed and an integer part
 //     longer than one group, groups of `grouping` digits counted from the
 //     right are joined by the separator.
-// An exponent text without "." ("%G" keeps one digit: "1E+06", blank-padded
-// to its field) is no exponent text here: with 0 decimals it is all integer
-// part and is grouped like digits, blanks included: "1E+06   " becomes
-// "1E,+06,   ", shown as "1E,+06," (the engine drops the separators only
-// when the text is then too wide).
 void assemble_number(const char *digits, int decimals, const NumberMarks &marks,
                      bool grouping_allowed, const char *mon_decimal_point,
                      AssembledNumber &number);

@@ -20,9 +20,14 @@
 namespace corvinel::nlnum {
 namespace {
 
-// What the attempts have learnt so far.
+// What the attempts have learnt so far.  The fixed texts come first, with
+// fewer and fewer decimals; only when even the integer part does not fit
+// do the exponent texts follow, from the first decimals again: plain digits
+// keep more of the value than an exponent text of the same width.
 struct FittingState {
   int decimals;
+  const int requested_decimals = decimals;
+  bool exponent = false;          // the fixed texts are done: exponent texts only
   bool grouping_allowed = true;
   bool grouped = false;           // some attempt wrote a group separator
   bool leading_zero = false;      // some text with decimals began "0."
@@ -34,6 +39,17 @@ struct FittingState {
   bool adjust(int result_length, int width) {
     if (grouping_allowed && grouped) {
       grouping_allowed = false;
+      return true;
+    }
+    if (!exponent) {
+      if (decimals > 0) {
+        // A fixed text with d decimals has at least d + 2 bytes ("0." and
+        // the digits): wider ones are passed over.
+        decimals = std::min(decimals - 1, std::max(width - 2, 0));
+      } else {
+        exponent = true;
+        decimals = requested_decimals;
+      }
       return true;
     }
     if (decimals > 0) {
@@ -161,10 +177,9 @@ constexpr int kDeclinedAttempt = -3;
 
 // general_attempt for a "%G" text in exponent form, laid out by the one pass:
 // the same result and the same state learnt, or kDeclinedAttempt when the
-// text is not one the one pass takes.  Such a text is not grouped and
-// begins with a digit or "-", so the attempt learns at most that the
-// decimal mark of an exponent text was two bytes.  Out of line, like
-// general_attempt.
+// text is not one the one pass takes.  An exponent text is never grouped,
+// so the attempt learns at most that the decimal mark of an exponent text
+// was two bytes.  Out of line, like general_attempt.
 int exponent_attempt(const FastNumberTexts &texts, const OnePassLayout &layout, double value,
                      FittingState &state, fmtreq &request, char *output, int w) {
   const char point = texts.decimal_point();
@@ -173,16 +188,8 @@ int exponent_attempt(const FastNumberTexts &texts, const OnePassLayout &layout, 
       !number.exponent_form) {
     return kDeclinedAttempt;
   }
-  const int length = number.exponent_text_length();
-  if (length > w) return w + 1;  // the digit text alone is too wide
-  // Without decimals assemble_number groups a text without a point as
-  // digits, its padding blanks included.
-  const int field = w - state.shrink;
-  if (state.decimals == 0 && state.grouping_allowed && layout.grouping > 0 &&
-      std::max(length, field) - (number.minus ? 1 : 0) > layout.grouping) {
-    return kDeclinedAttempt;
-  }
-  const OnePassAttempt attempt = place_exponent_one_pass(layout, number, field, request, output, w);
+  if (number.exponent_text_length() > w) return w + 1;  // the digit text alone is too wide
+  const OnePassAttempt attempt = place_exponent_one_pass(layout, number, request, output, w);
   switch (attempt.outcome) {
     case OnePass::kPlaced: return kPlacedAttempt;
     case OnePass::kDeclined: return kDeclinedAttempt;
@@ -206,11 +213,14 @@ template <typename Texts>
                                       encoding::SessionCodeset codeset, bool fixed_too_wide, double value,
                                       FittingState &state, fmtreq &request, char *output, int w) {
   char digits[kDigitTextCapacity];
-  // The fixed text is not written for nothing: once the field narrows only
-  // the exponent text counts, and a fixed text whose scaled form is already
-  // known to be too wide is replaced by it straight away.
+  // The fixed text is not written for nothing: once the exponent texts have
+  // begun only they count, and a fixed text whose scaled form is already
+  // known to be too wide does not fit.
   int n = fixed_too_wide ? w + 1 : texts.fixed(value, state.decimals, digits);
-  if (n > w) n = texts.general(value, w - state.shrink, state.decimals, digits);
+  if (n > w) {
+    if (!state.exponent) return w + 1;
+    n = texts.general(value, w - state.shrink, state.decimals, digits);
+  }
   if (n <= 0) return kFailedAttempt;
   if (state.decimals > 0 && digits[0] == '0' && digits[1] == '.') state.leading_zero = true;
 
@@ -260,7 +270,22 @@ struct FirstOnePass {
   int decimals = -1;
   bool taken = false;
   std::optional<OnePassAttempt> attempt;
+  // Even the integer part does not fit: the exponent texts start at once.
+  bool integer_too_wide = false;
 };
+
+// Whether the integer digits of `number`, a value of 1 or more, with what
+// stands around them in the layout, are wider than the field, so that no
+// fixed text fits.  Rounding to fewer decimals never takes a digit away.
+// Such fixed texts teach the attempts nothing the exponent texts use: they
+// do not begin "0.", and an exponent text is never grouped.
+bool integer_part_too_wide(const OnePassLayout &layout, const ScaledDecimal &number, double value,
+                           int32_t w) {
+  if (!layout.within_limits || number.zero_integer) return false;
+  const int integer = number.digit_count - number.precision;
+  const int sign_class = value < 0 ? one_pass::kNegative : one_pass::kPositive;
+  return integer + layout.around_length[sign_class] > w;
+}
 
 // The attempts from the first: each learns why the one before did not fit
 // and the next is narrower, until a text stands in the field or the field
@@ -273,6 +298,10 @@ template <typename Sources>
                                           FirstOnePass first, double value, fmtreq &request,
                                           char *output, const int32_t w) {
   FittingState state{first_decimals(convention, request)};
+  if (first.integer_too_wide) {
+    state.exponent = true;
+    state.grouping_allowed = false;
+  }
   // The fixed text as a number is kept while the decimals stay (an attempt
   // without group separators takes the same one).
   ScaledDecimal &scaled = first.scaled;
@@ -281,11 +310,11 @@ template <typename Sources>
   for (;;) {
     if constexpr (Sources::kOnePass) {
       // The fixed text as a number, laid out without being written first.
-      if (one_pass != nullptr && state.shrink == 0 && scaled_decimals != state.decimals) {
+      if (one_pass != nullptr && !state.exponent && scaled_decimals != state.decimals) {
         scaled_decimals = state.decimals;
         scaled_taken = texts.scaled(value, state.decimals, scaled);
       }
-      if (one_pass != nullptr && state.shrink == 0 && scaled_taken && scaled.text_length() <= w) {
+      if (one_pass != nullptr && !state.exponent && scaled_taken && scaled.text_length() <= w) {
         if (scaled.starts_zero_point(texts.decimal_point())) state.leading_zero = true;
         const OnePassAttempt attempt =
             first.attempt ? *first.attempt
@@ -307,12 +336,12 @@ template <typename Sources>
       }
     }
     const bool fixed_too_wide =
-        state.shrink > 0 ||
+        state.exponent ||
         (scaled_taken && scaled_decimals == state.decimals && scaled.text_length() > w);
     int result_length = kDeclinedAttempt;
     if constexpr (Sources::kOnePass) {
       // Only the exponent text counts: laid out in one pass where it can be.
-      if (one_pass != nullptr && fixed_too_wide) [[unlikely]] {
+      if (one_pass != nullptr && state.exponent) [[unlikely]] {
         result_length = exponent_attempt(texts, *one_pass, value, state, request, output, w);
       }
     }
@@ -366,13 +395,16 @@ int32_t run_engine_on(char *output, int32_t width, int32_t item, fmtreq &request
       ScaledDecimal scaled;
       const bool taken = texts.scaled(value, decimals, scaled);
       std::optional<OnePassAttempt> attempt;
+      bool integer_too_wide = false;
       if (taken && scaled.text_length() <= w) {
         attempt = place_one_pass(*one_pass, scaled, true, value, request, output, w);
         if (attempt->outcome == OnePass::kPlaced) return CORVINEL_OK;
+      } else if (taken) {
+        integer_too_wide = integer_part_too_wide(*one_pass, scaled, value, w);
       }
       return fit_by_attempts<Sources>(texts, convention, codeset, one_pass,
-                                      {scaled, decimals, taken, attempt}, value, request, output,
-                                      w);
+                                      {scaled, decimals, taken, attempt, integer_too_wide}, value,
+                                      request, output, w);
     }
   }
   return fit_by_attempts<Sources>(texts, convention, codeset, one_pass, {}, value, request, output,

@@ -175,10 +175,10 @@ OnePassLayout compile_one_pass(const LayoutParts &parts, encoding::SessionCodese
       !passes_limits(widest_assembled, widest_assembled + widest_around_symbolic,
                      widest_length + widest_around_length);
   // The widest exponent text: 19 digits, the decimal mark, "E+" and two
-  // digits; assemble_number counts it padded to its field.
+  // digits.
   constexpr std::size_t kMostExponentText = kMostDigits - 1 + 4;
   layout.exponent_within_limits = !passes_limits(
-      kPieceCapacity + layout.decimal.symbolic,
+      kMostExponentText + layout.decimal.symbolic,
       kMostExponentText + layout.decimal.symbolic + widest_around_symbolic,
       kMostExponentText + layout.decimal.length + widest_around_length);
   layout.usable = true;
@@ -186,8 +186,7 @@ OnePassLayout compile_one_pass(const LayoutParts &parts, encoding::SessionCodese
 }
 
 OnePassAttempt place_exponent_one_pass(const OnePassLayout &layout, const SignificantDigits &number,
-                                       int text_field, fmtreq &request, char *output,
-                                       int32_t width) {
+                                       fmtreq &request, char *output, int32_t width) {
   // The number: the first digit, the decimal mark and the other digits when
   // there are more, the exponent ("E+" and two digits).
   const auto count = static_cast<std::size_t>(number.count);
@@ -202,14 +201,8 @@ OnePassAttempt place_exponent_one_pass(const OnePassLayout &layout, const Signif
   const auto symbolic_length = [&] {
     return plain + (has_point ? layout.decimal.symbolic : 0) + before.symbolic + after.symbolic;
   };
-  if (!layout.exponent_within_limits || text_field > kPieceCapacity) {
-    // assemble_number keeps the text's padding blanks (compose_layout drops
-    // them) and counts them against its limit.
-    const auto text_length = static_cast<std::size_t>(number.exponent_text_length());
-    const std::size_t padded =
-        std::max(text_length, static_cast<std::size_t>(std::max(text_field, 0)));
-    const std::size_t assembled =
-        padded - (number.minus ? 1 : 0) + (has_point ? layout.decimal.symbolic - 1 : 0);
+  if (!layout.exponent_within_limits) {
+    const std::size_t assembled = plain + (has_point ? layout.decimal.symbolic : 0);
     if (passes_limits(assembled, symbolic_length(), length)) return {};
   }
   if (length > static_cast<std::size_t>(width)) {

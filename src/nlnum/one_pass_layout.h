@@ -58,7 +58,7 @@ struct OnePassLayout {
   // No number of up to 20 digits makes the text pass the general
   // attempt's limits, so a call need not check them.
   bool within_limits = false;
-  // Nor does an exponent text padded to a field of up to kPieceCapacity.
+  // Nor does an exponent text.
   bool exponent_within_limits = false;
 };
 
@@ -91,15 +91,13 @@ struct OnePassAttempt {
     const OnePassLayout &layout, const ScaledDecimal &number, bool grouping_allowed, double value,
     fmtreq &request, char *output, int32_t width);
 
-// One attempt with the exponent-form "%G" text of `number`, blank-padded to
-// `text_field` bytes: placed or reported as place_one_pass does.  The
-// caller has made sure, besides what place_one_pass needs, that
-// assemble_number keeps the text whole but for its decimal point, which
-// becomes the locale's decimal mark: it is not grouped, and the process
-// locale's decimal point is "." or ",".
+// One attempt with the exponent-form "%G" text of `number` (its padding
+// no part of it): placed or reported as place_one_pass does.  The caller
+// has made sure, besides what place_one_pass needs, that the process
+// locale's decimal point is "." or ",", which becomes the locale's decimal
+// mark, as assemble_number turns an exponent text.
 OnePassAttempt place_exponent_one_pass(const OnePassLayout &layout, const SignificantDigits &number,
-                                       int text_field, fmtreq &request, char *output,
-                                       int32_t width);
+                                       fmtreq &request, char *output, int32_t width);
 
 // Whether the request's field is written in session bytes (no 16-bit units
 // asked for or already delivered).

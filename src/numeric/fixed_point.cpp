@@ -44,6 +44,12 @@ std::optional<PositionalText> fit_decimals(double value, int64_t decimals, bool 
   return std::nullopt;
 }
 
+std::optional<PositionalText> fit_grouped(double value, int64_t decimals, int64_t room) {
+  const int64_t places = decimals > 0 ? decimals : 0;
+  if (auto grouped = fixed_text(value, places, true, room)) return grouped;
+  return fit_decimals(value, places, false, room);
+}
+
 }  // namespace corvinel::numeric
 
 namespace {

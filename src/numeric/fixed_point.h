@@ -25,4 +25,9 @@ int64_t widest_decimals(double value, int64_t decimals, int64_t room);
 std::optional<PositionalText> fit_decimals(double value, int64_t decimals, bool grouped,
                                            int64_t room);
 
+// The text of COMMA and PERCENT in `room` bytes: grouped with every decimal
+// asked for (at least 0); then without the commas, dropping decimals one at
+// a time.
+std::optional<PositionalText> fit_grouped(double value, int64_t decimals, int64_t room);
+
 }  // namespace corvinel::numeric

@@ -1,8 +1,11 @@
-// PERCENT (zfmpct): 100 times the value in four zones,
-//   "(" or blank | number right-aligned in width - 3 bytes | "%" | ")" or blank
-// with brackets only around a value that does not round to zero.  The zones
-// stay where they are whatever the number, so NLPCTN can turn the brackets
-// into a minus sign in place.
+// PERCENT (zfmpct): 100 times the value, right-aligned, with "," between
+// groups of three integer digits and "%" after the digits:
+//   number "%" ")"   a negative value, "(" directly before the number;
+//   number "%" " "   any other, the blank lining it up with the ")".
+// The number ends three bytes before the edge and may take every byte left
+// of that but the first, which stays free for the "(", so that a value
+// fits whatever its sign.  Brackets only around a value that does not
+// round to zero.
 #include <cmath>
 #include <cstdint>
 
@@ -14,7 +17,7 @@ namespace {
 
 // Bytes of the layout that are not the number: "(", "%" and ")".
 constexpr int64_t kFrameBytes = 3;
-// Bytes right of the number zone: "%" and ")".
+// Bytes right of the number: "%" and ")".
 constexpr int64_t kSuffixBytes = 2;
 
 }  // namespace
@@ -24,17 +27,17 @@ extern "C" int32_t zfmpct(fmtreq *request) {
   const OpenedRequest opened = open_request(request, MissingMark::kPercentZone);
   if (!opened.render) return opened.result;
   const int64_t width = request->width;
-  const int64_t zone = width - kFrameBytes;
+  const int64_t room = width - kFrameBytes;
   // Zero is not multiplied, so that -0.0 stays a plain zero.
   const double scaled = opened.value == 0 ? opened.value : opened.value * 100;
-  if (zone < 1 || !std::isfinite(scaled)) return fill_overflow(request);
+  if (room < 1 || !std::isfinite(scaled)) return fill_overflow(request);
 
-  const auto text = fit_decimals(std::fabs(scaled), request->decimals, false, zone);
+  const auto text = fit_grouped(std::fabs(scaled), request->decimals, room);
   if (!text) return fill_overflow(request);
   place_text(request, *text, kSuffixBytes);
   request->output[width - 2] = '%';
   if (scaled < 0 && !text->magnitude.is_zero()) {
-    request->output[0] = '(';
+    request->output[width - kSuffixBytes - text->length() - 1] = '(';
     request->output[width - 1] = ')';
   }
   return CORVINEL_OK;

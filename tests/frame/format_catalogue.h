@@ -18,7 +18,8 @@ struct FormatCase {
   int32_t minw, maxw, defw, kind, mind, maxd, defd;
   // number, percent, currency; best (NLBEST) and classic (the other formats
   // built on a classic rendering); month, quarter, weekday; date and datetime
-  // (patterns tried in turn), single-date and single-datetime (one pattern);
+  // (patterns tried in turn), single-date and single-datetime (their own
+  // pattern tables);
   // time.  "-d0": the check refuses decimals above 0 whatever maxd says.
   std::string family;
   fmt_render_fn render;  // the registry's function for `name`

@@ -21,7 +21,7 @@ using namespace corvinel::locale_data;
 
 std::string shown(const std::u16string &text) { return escape_text(text, EscapeForm::kUpper); }
 
-constexpr DateFieldStyle kPadded{true, true, false}, kUnpadded{false, false, false}, kStandalone{true, true, true};
+constexpr DateFieldStyle kFormat{false}, kStandalone{true};
 constexpr const char *kThrows = nullptr;  // the pattern has a field without a directive
 
 struct DateCase {
@@ -31,7 +31,7 @@ struct DateCase {
 };
 
 void PrintTo(const DateCase &c, std::ostream *out) {
-  *out << shown(c.pattern) << (c.style.pad_day ? "" : " unpadded") << (c.style.standalone_month ? " standalone" : "");
+  *out << shown(c.pattern) << (c.style.standalone_month ? " standalone" : "");
 }
 
 class DatePatterns : public ::testing::TestWithParam<DateCase> {};
@@ -47,17 +47,21 @@ TEST_P(DatePatterns, BecomeDirectives) {
 
 INSTANTIATE_TEST_SUITE_P(
     LocaleDataRules, DatePatterns,
-    ::testing::Values(DateCase{u"MMMM d, y", kPadded, "%B %d, %Y"}, DateCase{u"MMMM d, y", kUnpadded, "%B %e, %Y"},
-                      DateCase{u"dd.MM.yy", kUnpadded, "%d.%m.%y"}, DateCase{u"y/M/d", kPadded, "%Y/%m/%d"},
-                      DateCase{u"y\u5E74M\u6708d\u65E5EEEE", kUnpadded, "%Y<U5E74>%o<U6708>%e<U65E5>%A"},
-                      DateCase{u"EEE, MMM d", kPadded, "%a, %b %d"}, DateCase{u"MMMM y", kStandalone, "%#B %Y"},
-                      DateCase{u"LLL y", kPadded, "%#b %Y"}, DateCase{u"cccc d. MMMM", kUnpadded, "%#A %e. %B"},
-                      DateCase{u"QQQQ y", kPadded, "%Q %Y"}, DateCase{u"qqq", kPadded, "%#q"},
-                      DateCase{u"h:mm:ss a zzzz", kPadded, "%I:%M:%S %p %Z"}, DateCase{u"aK:mm", kPadded, "%p%L:%M"},
-                      DateCase{u"k 'h'", kPadded, "%K h"}, DateCase{u"h 'o''clock'", kPadded, "%I o'clock"},
-                      DateCase{u"''yy", kPadded, "'%y"}, DateCase{u"y 'r'. 100%", kPadded, "%Y r. 100%%"},
-                      DateCase{u"YYYY-'W'ww", kPadded, kThrows}, DateCase{u"EEEE d MMMM G y", kUnpadded, "%A %e %B AD %Y"},
-                      DateCase{u"d\u200F/M\u200F/y", kPadded, "%d/%m/%Y"}, DateCase{u"h:mm\u202Fa", kPadded, "%I:%M %p"}));
+    ::testing::Values(DateCase{u"MMMM d, y", kFormat, "%B %#d, %Y"}, DateCase{u"MMMM dd, y", kFormat, "%B %d, %Y"},
+                      DateCase{u"dd.MM.yy", kFormat, "%d.%m.%y"}, DateCase{u"d. M. y", kFormat, "%#d. %#m. %Y"},
+                      DateCase{u"y\u5E74M\u6708d\u65E5EEEE", kFormat, "%Y<U5E74>%#m<U6708>%#d<U65E5>%A"},
+                      DateCase{u"EEE, MMM d", kFormat, "%a, %b %#d"}, DateCase{u"MMMM y", kStandalone, "%#B %Y"},
+                      DateCase{u"LLL y", kFormat, "%#b %Y"}, DateCase{u"L/y", kFormat, "%#m/%Y"},
+                      DateCase{u"cccc d. MMMM", kFormat, "%#A %#d. %B"},
+                      DateCase{u"QQQQ y", kFormat, "%Q %Y"}, DateCase{u"qqq", kFormat, "%#q"},
+                      DateCase{u"h:mm:ss a zzzz", kFormat, "%#I:%M:%S %p %Z"}, DateCase{u"hh:mm:ss a", kFormat, "%I:%M:%S %p"},
+                      DateCase{u"H:mm", kFormat, "%#H:%M"}, DateCase{u"HH:mm", kFormat, "%H:%M"},
+                      DateCase{u"aK:mm", kFormat, "%p%#L:%M"}, DateCase{u"KK", kFormat, "%L"},
+                      DateCase{u"k 'h'", kFormat, "%#K h"}, DateCase{u"kk", kFormat, "%K"},
+                      DateCase{u"h 'o''clock'", kFormat, "%#I o'clock"},
+                      DateCase{u"''yy", kFormat, "'%y"}, DateCase{u"y 'r'. 100%", kFormat, "%Y r. 100%%"},
+                      DateCase{u"YYYY-'W'ww", kFormat, kThrows}, DateCase{u"EEEE d MMMM G y", kFormat, "%A %#d %B AD %Y"},
+                      DateCase{u"d\u200F/M\u200F/y", kFormat, "%#d/%#m/%Y"}, DateCase{u"h:mm\u202Fa", kFormat, "%#I:%M %p"}));
 
 struct NumberCase {
   const char16_t *pattern, *decimal, *group;

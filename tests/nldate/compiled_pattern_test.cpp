@@ -247,22 +247,21 @@ struct Attempt {
 
 // A prepared entry's attempt in the request's field, compiled or interpreted.
 int32_t attempt_either(bool compiled, Request &request, const nldate::EntryExpansion &entry,
-                       nldate::Accept accept, bool &placed) {
-  return compiled ? nldate::attempt_in_field(*request, entry, accept,
+                       bool &placed) {
+  return compiled ? nldate::attempt_in_field(*request, entry,
                                              nldate::read_attempt_session(*request), placed)
-                  : nldate::attempt_in_field_interpreted(*request, entry, accept, placed);
+                  : nldate::attempt_in_field_interpreted(*request, entry, placed);
 }
 
 Attempt attempt(bool compiled, nldate::ValueKind kind, const locitem *record, int32_t selector,
-                int32_t digits, double value, int32_t width, int32_t capacity, int32_t encoding,
-                nldate::Accept accept) {
+                int32_t digits, double value, int32_t width, int32_t capacity, int32_t encoding) {
   Request request(width, digits, value, capacity);
   request.set_output_encoding(encoding);
   nldate::EntryExpansion entry;
   Attempt a{};
   a.result = entry.prepare(kind, record, nullptr, selector, digits, value);
   if (a.result == 0) {
-    a.result = attempt_either(compiled, request, entry, accept, a.placed);
+    a.result = attempt_either(compiled, request, entry, a.placed);
   }
   a.outlen = request->outlen;
   a.xcode_state = request->xcode_state;
@@ -282,86 +281,32 @@ std::vector<int32_t> telling_widths(int32_t length) {
 }
 
 // One pattern item of one record for one value: at each telling width,
-// with either acceptance and either delivery, both paths leave the same.
+// with either delivery, both paths leave the same.
 void expect_same_attempts(const char *session_name, int32_t locale, nldate::ValueKind kind,
                           int32_t selector, double value, int32_t digits) {
   const locitem *record = locale::select_record(locale);
   // The length of the text where it fits, to find the telling widths.
   const Attempt wide =
-      attempt(false, kind, record, selector, digits, value, 320, 320, 0, nldate::Accept::kWhole);
+      attempt(false, kind, record, selector, digits, value, 320, 320, 0);
   for (const int32_t width : telling_widths(wide.placed ? wide.outlen : 40)) {
-    for (const auto accept : {nldate::Accept::kWhole, nldate::Accept::kShortened}) {
-      for (const int32_t encoding : {0, CORVINEL_ENC_UTF16LE}) {
-        const int32_t capacity = encoding == 0 ? width : 2 * width + 7;
-        const Attempt a =
-            attempt(true, kind, record, selector, digits, value, width, capacity, encoding, accept);
-        const Attempt b =
-            attempt(false, kind, record, selector, digits, value, width, capacity, encoding, accept);
-        const std::string where = std::string(session_name) + " locale " + std::to_string(locale) +
-                                  " digits " + std::to_string(digits) + " selector " +
-                                  std::to_string(selector) + " value " + std::to_string(value) +
-                                  " width " + std::to_string(width);
-        ASSERT_EQ(a.result, b.result) << where;
-        ASSERT_EQ(a.placed, b.placed) << where;
-        ASSERT_EQ(a.outlen, b.outlen) << where;
-        ASSERT_EQ(a.xcode_state, b.xcode_state) << where;
-        ASSERT_EQ(a.bytes, b.bytes) << where;
-        ASSERT_TRUE(a.guards_intact) << where;
-      }
+    for (const int32_t encoding : {0, CORVINEL_ENC_UTF16LE}) {
+      const int32_t capacity = encoding == 0 ? width : 2 * width + 7;
+      const Attempt a =
+          attempt(true, kind, record, selector, digits, value, width, capacity, encoding);
+      const Attempt b =
+          attempt(false, kind, record, selector, digits, value, width, capacity, encoding);
+      const std::string where = std::string(session_name) + " locale " + std::to_string(locale) +
+                                " digits " + std::to_string(digits) + " selector " +
+                                std::to_string(selector) + " value " + std::to_string(value) +
+                                " width " + std::to_string(width);
+      ASSERT_EQ(a.result, b.result) << where;
+      ASSERT_EQ(a.placed, b.placed) << where;
+      ASSERT_EQ(a.outlen, b.outlen) << where;
+      ASSERT_EQ(a.xcode_state, b.xcode_state) << where;
+      ASSERT_EQ(a.bytes, b.bytes) << where;
+      ASSERT_TRUE(a.guards_intact) << where;
     }
   }
-}
-
-// The formats round a datetime or time to the attempt's fraction digits
-// before the entry routine rounds it again; at no fraction digits the
-// routine's second rounding is left out, which must change nothing.
-TEST(EntryExpansion, RoundingToWholeSecondsAgainChangesNothing) {
-  std::vector<double> values = {0.0, -0.0, 0.5, -0.5, 1.5, 2.5, 86399.5, 0.49999999999999994,
-                                0x1p51 - 0.5, 0x1p51, 0x1p51 + 1, 0x1p52 - 0.5, 0x1p52 + 2,
-                                -0x1p51 - 0.5, 1e300, -1e300, kMissing, std::nan(""),
-                                std::numeric_limits<double>::infinity(),
-                                -std::numeric_limits<double>::infinity(),
-                                std::numeric_limits<double>::denorm_min()};
-  std::mt19937_64 random(2003);
-  for (int i = 0; i < 20000; ++i) {
-    const double magnitude = std::ldexp(std::generate_canonical<double, 53>(random), i % 60);
-    values.push_back(i % 2 == 0 ? magnitude : -magnitude);
-    values.push_back(std::trunc(magnitude) + 0.5);
-  }
-  const locitem *record = ORBlocaleData[0];
-  const auto bits = [](double x) { return std::bit_cast<uint64_t>(x); };
-  int32_t whole_clocks = 0;
-  for (const nldate::ValueKind kind : {nldate::ValueKind::Datetime, nldate::ValueKind::Time}) {
-    for (const double value : values) {
-      const double rounded = nldate::rounded_to_digits(value, 0);
-      nldate::EntryExpansion once, twice;
-      const int32_t a = once.prepare(kind, record, nullptr, 5, 0, rounded, true);
-      const int32_t b = twice.prepare(kind, record, nullptr, 5, 0, rounded, false);
-      ASSERT_EQ(a, b) << value;
-      if (a != 0) continue;
-      ASSERT_EQ(bits(once.date()), bits(twice.date())) << value;
-      ASSERT_EQ(bits(once.hour()), bits(twice.hour())) << value;
-      ASSERT_EQ(bits(once.minute()), bits(twice.minute())) << value;
-      ASSERT_EQ(bits(once.second()), bits(twice.second())) << value;
-      // The time of day in whole seconds is that of the parts.
-      if (once.whole_clock() >= 0) {
-        ++whole_clocks;
-        ASSERT_LT(once.whole_clock(), 86400) << value;
-        ASSERT_EQ(once.hour(), once.whole_clock() / 3600) << value;
-        ASSERT_EQ(once.minute(), once.whole_clock() % 3600 / 60) << value;
-        ASSERT_EQ(once.second(), once.whole_clock() % 60) << value;
-      }
-      // A time that is not negative (what NLTIME's frame passes) is rounded
-      // by the routine alone.
-      if (kind != nldate::ValueKind::Time || value < 0 || std::signbit(value)) continue;
-      nldate::EntryExpansion alone;
-      ASSERT_EQ(alone.prepare(kind, record, nullptr, 5, 0, value), a) << value;
-      ASSERT_EQ(bits(alone.hour()), bits(once.hour())) << value;
-      ASSERT_EQ(bits(alone.minute()), bits(once.minute())) << value;
-      ASSERT_EQ(bits(alone.second()), bits(once.second())) << value;
-    }
-  }
-  EXPECT_GT(whole_clocks, 1000);
 }
 
 TEST(FieldAttempt, LaysWhatOutputExpansionOfTheInterpretedTextGives) {
@@ -407,7 +352,7 @@ TEST(FieldAttempt, EscapeSplitAcrossPiecesIsLeftToExpansion) {
                                 static_cast<int32_t>(pattern.size()), 0, day),
                   0);
         bool placed = false;
-        attempt_either(compiled, request, entry, nldate::Accept::kShortened, placed);
+        attempt_either(compiled, request, entry, placed);
         laid[compiled ? 1 : 0] = request.text();
       }
       EXPECT_EQ(laid[1], laid[0]) << session_name << " " << width;
@@ -418,8 +363,7 @@ TEST(FieldAttempt, EscapeSplitAcrossPiecesIsLeftToExpansion) {
       entry.prepare(nldate::ValueKind::Date, record.data(), pattern.data(),
                     static_cast<int32_t>(pattern.size()), 0, day);
       bool placed = false;
-      nldate::attempt_in_field(*request, entry, nldate::Accept::kWhole,
-                               nldate::read_attempt_session(*request), placed);
+      nldate::attempt_in_field(*request, entry, nldate::read_attempt_session(*request), placed);
       EXPECT_EQ(request.text(), "Feb\xC3\xA9|24");
     }
   }
@@ -450,7 +394,7 @@ TEST(FieldAttempt, BytesTheSessionLacksAreLeftToExpansion) {
                               pattern.data(), static_cast<int32_t>(pattern.size()), 1, value),
                 0);
       Attempt &out = compiled ? a : b;
-      out.result = attempt_either(compiled, request, entry, nldate::Accept::kWhole, out.placed);
+      out.result = attempt_either(compiled, request, entry, out.placed);
       out.bytes = request.field();
     }
     EXPECT_EQ(a.result, b.result) << width;
@@ -476,7 +420,7 @@ TEST(FieldAttempt, EmptyItemWithZoneSuffixIsTheOffsetAlone) {
                             46 + nldate::kAppendZoneOffset, 0, 1.0e9),
               0);
     bool placed = false;
-    attempt_either(compiled, request, entry, nldate::Accept::kWhole, placed);
+    attempt_either(compiled, request, entry, placed);
     EXPECT_TRUE(placed);
     EXPECT_EQ(request.text(), " -0500") << compiled;
   }

@@ -60,13 +60,17 @@ const Row kRows[] = {
     {"NLDATE", 16, 0, "ja_JP", kDate, "2003/02/24"},
     // The width counts the 17 bytes of UTF-8; the 11 units take 22 of the 40.
     {"NLDATE", 20, 0, "ja_JP", kDate, "2003年02月24日", U16},
-    {"NLDATE", 10, 0, "th_TH", kDate, "24/02/46"},
+    {"NLDATE", 10, 0, "th_TH", kDate, "24/2/46"},
+    // The Buddhist year after its era's marker: the long date takes 47 bytes.
+    {"NLDATE", 47, 0, "th_TH", kDate, "24 กุมภาพันธ์ พ.ศ. 2546"},
+    {"NLDATE", 46, 0, "th_TH", kDate, "24/2/46"},
+    {"NLDATEM", 14, 0, "cs_CZ", kDate, "24. 2. 2003"},
     {"NLDATE", 10, 0, "ar_DZ", kDate, "2003/02/24"},
     {"NLDATE", 30, 0, "ru_RU", kDate, "24 февраля 2003 г."},
     {"NLDATE", 20, 0, "ru_RU", kDate, "24.02.2003"},
     {"NLDATE", 20, 0, "pl_PL", kDate, "24 lutego 2003"},
     {"NLDATE", 20, 0, "fi_FI", kDate, "24. helmikuuta 2003"},
-    {"NLDATE", 10, 0, "hi_IN", kDate, "24/02/03"},
+    {"NLDATE", 10, 0, "hi_IN", kDate, "24/2/03"},
     // An ORB_LOCALE that names no record: no patterns, no order and no
     // separator, so the short numeric form in month-day-year order, joined.
     {"NLDATE", 20, 0, "xx_YY", kDate, "02242003"},
@@ -112,11 +116,15 @@ const Row kRows[] = {
     {"NLDATEMD", 6, 0, "en_US", kDate, "Feb 24"},
     {"NLDATEYR", 16, 0, "en_US", kDate, "2003"},
     {"NLDATEYR", 2, 0, "en_US", kDate, "03"},
-    {"NLDATEYR", 16, 0, "th_TH", kDate, "2546"},
+    {"NLDATEYR", 16, 0, "th_TH", kDate, "พ.ศ. 2546"},
     {"NLDATEYQ", 16, 0, "en_US", kDate, "1st quarter 2003"},
     {"NLDATEYQ", 7, 0, "en_US", kDate, "Q1 2003"},
     {"NLDATEYQ", 16, 0, "de_DE", kDate, "1. Quartal 2003"},
     {"NLDATEYQ", 16, 0, "zh_TW", kDate, "2003年第1季"},
+    // Short items that fit the default width: numeric quarter and month where
+    // every name is too long.
+    {"NLDATEYQ", 16, 0, "ru_RU", kDate, "1 2003 г."},
+    {"NLDATEYM", 16, 0, "ar_DZ", kDate, "2/2003"},
     {"NLDATMYQ", 16, 0, "en_US", -11928470401.0, "****************"},
     {"NLDATEYW", 16, 0, "en_US", kDate, "Week 08 2003"},
     {"NLDATEYW", 6, 0, "en_US", kDate, "W08 03"},
@@ -127,16 +135,33 @@ const Row kRows[] = {
     {"NLDATMWZ", 40, 0, "en_US", kDatetime, "Mon, Nov 19, 2012 02:38:52 PM +0000", U8, "UTC0"},
     {"NLDATMWZ", 20, 0, "en_US", kDatetime, "********************", U8, "UTC0"},
     {"NLDATMAP", 32, 0, "en_US", kDatetime, "November 19, 2012 02:38:52 PM"},
-    {"NLDATMAP", 32, 0, "de_DE", kDatetime, "19.11.12 14.38 Uhr"},  // item 44 needs 33
+    {"NLDATMAP", 32, 0, "de_DE", kDatetime, "19. November 2012 2:38:52 nachm."},  // item 44: 32 bytes
+    {"NLDATMAP", 31, 0, "de_DE", kDatetime, "19.11.12 14.38 Uhr"},
     {"NLDATMTM", 16, 0, "en_US", 86399, "23:59:59"},
     {"NLDATMTZ", 32, 0, "de_DE", kDatetime, "14.38 Uhr +0000", U8, "UTC0"},
     {"NLTIMAP", 12, 0, "en_US", -1, "11:59:59 PM"},
     {"NLTIMAP", 10, 0, "en_US", -1, "11:59 PM"},
-    // The single-pattern formats: one pattern, a text cut to the width.
+    {"NLTIMAP", 10, 0, "en_GB", kTime, "2:38:52 pm"},  // the unpadded hour of CLDR fits
+    // The single-pattern formats: the first entry of the table that fits
+    // whole (datetimes with as many fraction digits as fit), else "*".
     {"NLDATEL", 18, 0, "en_US", kDate, "February 24, 2003"},
-    {"NLDATEL", 10, 0, "en_US", kDate, "February 2"},
+    {"NLDATEL", 12, 0, "en_US", kDate, "Feb 24, 2003"},
+    {"NLDATEL", 10, 0, "en_US", kDate, "02/24/2003"},
+    {"NLDATEL", 2, 0, "en_US", kDate, "**"},
+    {"NLDATEMN", 4, 0, "en_US", kDate, "Feb"},
+    {"NLDATEWN", 4, 0, "en_US", kDate, "Mon"},
+    {"NLDATEWN", 4, 0, "hi_IN", kDate, "****"},  // the walk ends before "uw"
+    {"NLDATEW", 10, 0, "en_US", kDate, "Monday"},
+    {"NLDATMW", 29, 0, "en_US", kDatetime - 20032, "Mon, Nov 19, 2012 09:05:00 AM"},
+    {"NLDATML", 40, 3, "en_US", kDatetime + 0.25, "November 19, 2012 02:38:52.250 PM"},
+    {"NLDATML", 32, 3, "en_US", kDatetime + 0.25, "November 19, 2012 02:38:52.25 PM"},
+    {"NLDATML", 31, 3, "en_US", kDatetime + 0.25, "November 19, 2012 02:38:52.3 PM"},
+    {"NLDATML", 30, 3, "en_US", kDatetime + 0.25, "November 19, 2012 02:38:52 PM"},
+    {"NLDATML", 28, 3, "en_US", kDatetime + 0.25, "Nov 19, 2012 02:38:52.250 PM"},
+    {"NLDATML", 22, 3, "en_US", kDatetime + 0.25, "11/19/2012 02:38:52 PM"},
+    {"NLDATML", 19, 3, "en_US", kDatetime + 0.25, "11/19/2012 14:38:52"},
     {"NLDATEM", 14, 0, "en_US", kDate, "Feb 24, 2003"},
-    {"NLDATEM", 20, 0, "th_TH", kDate, "24 ก.พ. 2546"},
+    {"NLDATEM", 26, 0, "th_TH", kDate, "24 ก.พ. พ.ศ. 2546"},
     {"NLDATEMN", 9, 0, "pl_PL", kDate, "luty"},
     {"NLDATEMN", 9, 0, "fi_FI", kDate, "helmikuu"},
     {"NLDATEWN", 9, 0, "de_DE", kDate, "Montag"},
@@ -246,13 +271,13 @@ TEST(DateLimits, RefuseWhenAsked) {
   }
 }
 
-// A value outside the range leaves a single-pattern format's field as the
-// host passed it; a missing value shows its mark at the right edge.
+// A value outside the range fills a single-pattern format's field with
+// "*" as in every other family; a missing value shows its mark at the
+// right edge.
 TEST(DateFormats, OutOfRangeAndMissingValues) {
   Request out(18, 0, -138062, 18);
-  const std::string before = out.field();
   EXPECT_EQ(frame::find_format("NLDATEL")->render(out.get()), 0);
-  EXPECT_EQ(out.field(), before);
+  EXPECT_EQ(out.field(), std::string(18, '*'));
   for (const char *name : {"NLDATE", "NLDATM", "NLTIME", "NLDATEL", "NLDATES", "NLDATMS"}) {
     Request r(10, 2, missing('A'), 10);
     EXPECT_EQ(frame::find_format(name)->render(r.get()), 0);

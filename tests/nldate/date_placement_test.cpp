@@ -41,8 +41,7 @@ TEST(DatePlacement, ShortcutGivesWhatExpansionGives) {
 
       Request placed(width, 0, 0, capacity);
       if (units) placed.set_output_encoding(CORVINEL_ENC_UTF16LE);
-      const int32_t result = nldate::place_at_start(*placed, text.data(), static_cast<int32_t>(text.size()),
-                                                    nldate::Accept::kWhole);
+      const int32_t result = nldate::place_at_start(*placed, text.data(), static_cast<int32_t>(text.size()));
 
       std::string work = text;
       work.resize(402);

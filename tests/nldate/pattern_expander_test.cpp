@@ -124,15 +124,14 @@ INSTANTIATE_TEST_SUITE_P(Directives, ExpanderRows, ::testing::ValuesIn(kRows));
 // strftime in the C locale writes the same digits for the numeric
 // directives; "%o" is glibc's "%_m" and "%k" counts midnight as 24 here.
 TEST(Expander, NumericDirectivesAgreeWithStrftime) {
-  const char *kOurs = "%d %e %m %o %y %Y %j %H %M %S %T %U %W %V %G %g %u %w %% %I %L";
-  const char *kTheirs = "%d %e %m %_m %y %Y %j %H %M %S %T %U %W %V %G %g %u %w %% %I %I";
+  const char *kOurs = "%a %A %d %e %m %o %y %Y %j %H %M %S %T %U %W %V %G %g %u %w %% %I %L";
+  const char *kTheirs = "%a %A %d %e %m %_m %y %Y %j %H %M %S %T %U %W %V %G %g %u %w %% %I %I";
   ASSERT_STREQ(std::setlocale(LC_ALL, nullptr), "C");
   const int32_t en_us = record_number("en", "US");
   std::mt19937 random(20031);
   using namespace std::chrono;
-  // Weekdays before 2 January 1600 are deliberately off (zwekday), and
-  // "%U" of 1600 counts from 1 January: the sweep starts a year later.
-  const sys_days first = std::chrono::year{1601} / January / 1;
+  // From the first day of the range: the weekdays before 1600 are true ones.
+  const sys_days first = std::chrono::year{1582} / January / 1;
   const sys_days last = std::chrono::year{3999} / December / 31;
   const sys_days origin = std::chrono::year{1960} / January / 1;
   int checked = 0;

@@ -33,9 +33,9 @@ IsoWeek iso_week(sys_days day) {
   return {static_cast<int>(y), static_cast<int>((thursday - week1_thursday).count() / 7 + 1), iso_day};
 }
 
-TEST(WeekNumbering, AgreesWithTheCivilCalendarFrom1600To3999) {
+TEST(WeekNumbering, AgreesWithTheCivilCalendarFrom1582To3999) {
   const sys_days origin = std::chrono::year{1960} / January / 1;
-  const sys_days first = std::chrono::year{1600} / January / 2;
+  const sys_days first = std::chrono::year{1582} / January / 1;
   const sys_days last = std::chrono::year{3999} / December / 31;
   const char u = 'U', w = 'W', v = 'V';
   for (sys_days day = first; day <= last; day += days{1}) {
@@ -62,22 +62,49 @@ TEST(WeekNumbering, AgreesWithTheCivilCalendarFrom1600To3999) {
   }
 }
 
-// From 1 March 4000 the host's calendar runs one day behind the Gregorian
-// one (4000 is no leap year there) while the day count inside a year uses
-// the Gregorian rule: the numbers stay in their ranges all the same.
-TEST(WeekNumbering, StaysInRangeInTheYearsOfTheHostsOwnCalendar) {
-  const char styles[] = {'U', 'W', 'V'};
-  for (double date = day_number(4000, 1, 1); date < 6589336; date += 97) {
-    for (const char style : styles) {
-      double year = 0, week = 0, dow = 0;
-      get_yywwdd(&style, nullptr, &year, &week, &dow, date);
-      ASSERT_GE(week, 0) << date;
-      ASSERT_LT(week, 55) << date;
-      ASSERT_GE(dow, 1);
-      ASSERT_LE(dow, 7);
-      ASSERT_GE(year, 3999);
+// The ISO week date in the module's own calendar, where a year divisible
+// by 4000 has no 29 February: worked out from the day-count formula and the
+// weekday of day 0 (a Friday), independently of the calendar routines.
+struct OwnCalendarWeek {
+  int64_t year, week, day;
+};
+int64_t own_leap_days_through(int64_t y) { return y / 4 - y / 100 + y / 400 - y / 4000; }
+int64_t own_first_of_year(int64_t y) { return 1 + 365 * y + own_leap_days_through(y - 1) - 715875; }
+int64_t iso_weekday(int64_t day) { return ((day + 4) % 7 + 7) % 7 + 1; }  // 1 = Monday
+int64_t own_first_monday(int64_t y) {
+  const int64_t january4 = own_first_of_year(y) + 3;
+  return january4 - (iso_weekday(january4) - 1);
+}
+OwnCalendarWeek own_iso_week(int64_t day, int64_t calendar_year) {
+  int64_t y = calendar_year + 1;
+  while (own_first_monday(y) > day) --y;
+  return {y, (day - own_first_monday(y)) / 7 + 1, iso_weekday(day)};
+}
+
+// Every day of the years around 1600 and each 4000-year turn, and a sample
+// of the rest of the range.
+TEST(WeekNumbering, IsoWeeksCountTheModulesOwnCalendar) {
+  const auto in_dense_years = [](int64_t year) {
+    if (year < 1602) return true;
+    const int64_t into = year % 4000;
+    return into >= 3999 || into <= 1;
+  };
+  const char v = 'V';
+  int checked = 0;
+  for (int64_t year = 1582; year <= 20000; ++year) {
+    const int64_t first = own_first_of_year(year), next = own_first_of_year(year + 1);
+    const int64_t step = in_dense_years(year) ? 1 : 37;
+    for (int64_t day = first + year % step; day < next; day += step) {
+      const OwnCalendarWeek want = own_iso_week(day, year);
+      double y = 0, week = 0, dow = 0;
+      get_yywwdd(&v, nullptr, &y, &week, &dow, static_cast<double>(day));
+      ASSERT_EQ(y, want.year) << day;
+      ASSERT_EQ(week, want.week) << day;
+      ASSERT_EQ(dow, want.day) << day;
+      ++checked;
     }
   }
+  EXPECT_GT(checked, 150000);
 }
 
 TEST(WeekNumbering, EdgeDaysOfTheStyles) {
@@ -134,6 +161,24 @@ TEST(WeekRendering, WidthChoosesTheForm) {
     EXPECT_EQ(buffer.substr(field.size()), std::string(20 - field.size(), '~')) << row.width;
     const std::string text = field.substr(0, field.find(' '));
     EXPECT_EQ(width, static_cast<int32_t>(text.size())) << row.width;
+  }
+  // Days before 1600, after the 28 February of 4000 and the last of the range.
+  const struct {
+    double date;
+    const char *text;
+  } kDays[] = {
+      {day_number(1600, 1, 1), "1599-W52-06"},
+      {day_number(1582, 1, 1), "1581-W53-05"},
+      // 1 March 4000, the day the Gregorian count calls 29 February, a Tuesday.
+      {static_cast<double>(own_first_of_year(4000) + 59), "4000-W09-02"},
+      // 31 December 20000 lies in week 1 of 20001 (the year's last four digits).
+      {static_cast<double>(own_first_of_year(20001) - 1), "0001-W01-02"},
+  };
+  for (const auto &row : kDays) {
+    char field[12];
+    int32_t field_width = 11;
+    zkfweek(field, &field_width, &style, nullptr, row.date);
+    EXPECT_EQ(std::string(field, static_cast<std::size_t>(field_width)), row.text) << row.date;
   }
   // A date it cannot number: the field of "*", the width kept.
   std::string buffer(8, '~');

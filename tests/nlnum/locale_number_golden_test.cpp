@@ -23,6 +23,7 @@
 #include "locale/orb_locale_env.h"
 #include "support/request_builder.h"
 #include "support/session_locales.h"
+#include "support/utf8_text.h"
 
 namespace {
 
@@ -52,11 +53,7 @@ void PrintTo(const Row &row, std::ostream *out) {
 std::string session_bytes(const std::string &utf8, Session session) {
   if (session == U8 || utf8.find_first_not_of('*') == std::string::npos) return utf8;
   std::string out;
-  for (std::size_t i = 0; i < utf8.size();) {
-    const auto byte = static_cast<unsigned char>(utf8[i++]);
-    const int extra = byte < 0x80 ? 0 : byte < 0xE0 ? 1 : byte < 0xF0 ? 2 : 3;
-    char32_t c = extra == 0 ? byte : byte & (0x3F >> extra);
-    for (int k = 0; k < extra; ++k) c = c << 6 | (static_cast<unsigned char>(utf8[i++]) & 0x3F);
+  for (const char32_t c : code_points(utf8)) {
     out.push_back(static_cast<char>(c & 0xFF));
     if (session == U16) out.push_back(static_cast<char>(c >> 8));
   }
@@ -67,7 +64,8 @@ std::string session_bytes(const std::string &utf8, Session session) {
 
 const Row kRows[] = {
     // The engine: grouped; one byte too wide drops the separators, then
-    // decimals one by one, then exponent text in a narrowing field, then "*".
+    // decimals one by one; only when even the integer part does not fit,
+    // exponent text from the requested decimals in a narrowing field, then "*".
     {F(nlnum), 12, 2, 1234567.891, "en_US", U8, "1,234,567.89"},
     // The process writes "1234567,89"; its monetary point "," splits it.
     {F(nlnum), 12, 2, 1234567.891, "de_DE", L1, "1.234.567,89"},
@@ -77,16 +75,19 @@ const Row kRows[] = {
     {F(nlnum), 12, 2, 1234567.891, "de_CH", L1, "1'234'567.89"},
     {F(nlnum), 12, 0, 1234567, "hi_IN", U8, "  1,23,45,67"},
     {F(nlnum), 10, 1, -1234.5, "ar_DZ", U16, "  1.234,5-"},
-    // "%.2f" is 10 wide: "%-8.2G" gives "1.2E+06 ", its point the locale's.
-    {F(nlnum), 8, 2, 1234567.891, "de_DE", U8, " 1,2E+06"},
-    {F(nlnum), 8, 2, 1234567.891, "de_DE", L1, " 1,2E+06"},  // printf writes "1,2E+06"
-    // Without decimals "%G" writes no ".": the text "1E+09   " counts as
-    // digits and is grouped, blanks and all, until that is too wide.
-    {F(nlnum), 8, 0, 1234567890, "en_US", U8, " 1E,+09,"},
+    // "%.2f" is 10 wide, "%.0f" fits: plain digits before an exponent.
+    {F(nlnum), 8, 2, 1234567.891, "de_DE", U8, " 1234568"},
+    {F(nlnum), 8, 2, 1234567.891, "de_DE", L1, " 1234568"},
+    // "%.0f" is 9 wide: "%-8.2G" gives "1.2E+08 ", its point the locale's.
+    {F(nlnum), 8, 2, 123456789.1, "de_DE", U8, " 1,2E+08"},
+    {F(nlnum), 8, 2, 123456789.1, "de_DE", L1, " 1,2E+08"},  // printf writes "1,2E+08"
+    // Without decimals "%G" writes no "."; an exponent text is never
+    // grouped, and its padding blanks are no part of it.
+    {F(nlnum), 8, 0, 1234567890, "en_US", U8, "   1E+09"},
     {F(nlnum), 5, 0, 1234567890, "en_US", U8, "1E+09"},
     {F(nlnum), 12, 2, 1e300, "en_US", U8, "      1E+300"},
-    // "0.500" is too wide: "%-4.3G" drops the trailing zeros.
-    {F(nlnum), 4, 3, 0.5, "en_US", U8, " 0.5"},
+    // "0.500" is too wide: one decimal fewer.
+    {F(nlnum), 4, 3, 0.5, "en_US", U8, "0.50"},
     {F(nlnum), 32, 31, 0.1, "en_US", U8, "0.100000000000000005551115123126"},
     {F(nlnum), 6, 2, -0.0, "en_US", U8, "  0.00"},
     {F(nlnum), 6, 2, -0.001, "en_US", U8, " -0.00"},
@@ -105,9 +106,8 @@ const Row kRows[] = {
     {F(nlmny), 9, 2, 12345.678, "en_US", U8, "$12345.7 "},
     {F(nlmny), 8, 0, 1234567, "en_US", U8, " $1E+06 "},
     {F(nlmny), 6, 2, 12345.678, "en_US", U8, "******"},
-    // "0.05" begins "0.": the exponent field narrows instead of a decimal
-    // going, and nothing fits; under the "," process one decimal goes.
-    {F(nlmny), 5, 2, 0.05, "en_US", U8, "*****"},
+    // "$0.05 " is too wide: one decimal goes, under either process.
+    {F(nlmny), 5, 2, 0.05, "en_US", U8, "$0.1 "},
     {F(nlmny), 5, 2, 0.05, "en_US", L1, "$0.1 "},
     {F(nlmny), 12, 2, -1234.5, "de_DE", U8, "-1234,50 \u20AC"},
     {F(nlmny), 12, 2, -1234.5, "de_DE", L1, " -1.234,50 ?"},
@@ -135,12 +135,14 @@ const Row kRows[] = {
     {F(nlpct), 6, 99, missing('.'), "en_US", U8, "   .  "},
     {F(nlpcti), 8, 2, missing('A'), "fr_FR", L1, "   A    "},
 
-    // Currency codes: grouped with the code, ungrouped, without it; exponent
-    // text with it, without it, with fewer digits by the excess; "%*.*f".
+    // Currency codes: grouped with the code, ungrouped, without it, with
+    // fewer decimals; when the integer part does not fit, exponent text with
+    // it, without it, with fewer digits by the excess; "%*.*f".
     {F(nlmnieur), 14, 2, 1234.5, "de_DE", U8, "  1.234,50 EUR"},
     {F(nlmnieur), 12, 2, -1234.5, "de_DE", U8, "-1234,50 EUR"},
     {F(nlmnieur), 10, 2, -1234.5, "de_DE", U8, "  -1234,50"},
-    {F(nlmnieur), 12, 2, 1234567890.5, "de_DE", U8, " 1,2E+09 EUR"},
+    {F(nlmnieur), 12, 2, 1234567890.5, "de_DE", U8, "1234567890,5"},
+    {F(nlmnieur), 12, 2, 1.5e12, "de_DE", U8, " 1,5E+12 EUR"},
     {F(nlmnieur), 8, 2, 1234567890.5, "de_DE", U8, " 1,2E+09"},
     {F(nlmnieur), 8, 4, -1234567890.5, "de_DE", U8, "-1,2E+09"},
     {F(nlmnieur), 14, 2, -1234.5, "ar_DZ", U8, " EUR 1.234,50-"},
@@ -149,7 +151,9 @@ const Row kRows[] = {
     {F(nlmnieur), 12, 2, 1234.5, "en_XX", U8, "  123450EUR "},
     {F(nlmniusd), 5, 0, 12345, "en_US", U8, "12345"},  // "1E+04 " is 6
     {F(nlmniusd), 4, 0, 12345, "en_US", U8, "****"},
-    {F(nlmniusd), 7, 2, 12345, "en_US", U8, " 1E+04 "},
+    {F(nlmniusd), 7, 2, 12345, "en_US", U8, " 12345 "},
+    {F(nlmniusd), 7, 2, 123456, "en_US", U8, "123456 "},
+    {F(nlmniusd), 7, 2, 1234567, "en_US", U8, " 1E+06 "},
     {F(nlmniinr), 16, 2, 1234567.891, "hi_IN", U8, " INR1,234,567.89"},
     {F(nlmnibrl), 14, 2, 1234.5, "pt_BR", U8, "  BRL 1.234,50"},
     // Local symbols; the code where the session cannot show the symbol.
@@ -167,9 +171,21 @@ const Row kRows[] = {
     {F(nldfmt), 12, 3, missing('.'), "de_DE", U8, "           ,"},
     {F(nlbest), 6, 0, missing('A'), "de_DE", L1, "     A"},
     {F(nlpvalue), 6, 4, 0.00001, "de_DE", U8, "<,0001"},
-    {F(nlpctp), 8, 1, -0.12, "fr_FR", U8, "( 12,0%)"},
+    // PERCENT: right-aligned, brackets beside the digits, a blank after a
+    // positive value to line it up with ")", "," between groups.
+    {F(nlpctp), 8, 1, -0.12, "fr_FR", U8, " (12,0%)"},
+    {F(nlpctp), 20, 2, -0.004, "en_US", U8, "             (0.40%)"},
+    {F(nlpctp), 20, 2, 1234.5678, "de_DE", U8, "        123.456,78% "},
+    {F(nlpctp), 6, 0, -0.05, "en_US", U8, "  (5%)"},
+    {F(nlpctp), 4, 0, 0.05, "en_US", U8, " 5% "},
+    {F(nlpctp), 8, 2, -12345.678, "en_US", U8, "********"},
     // The brackets become blanks and "-" stands before the first digit.
     {F(nlpctn), 8, 1, -0.12, "de_DE", U8, " -12,0% "},
+    {F(nlpctn), 20, 2, -1234.5678, "en_US", U8, "       -123,456.78% "},
+    {F(nlpctn), 5, 0, -0.05, "en_US", U8, " -5% "},
+    {F(nlpctn), 20, 2, 0.004, "en_US", U8, "              0.40% "},
+    {F(nlpctn), 4, 0, 0.05, "en_US", U8, " 5% "},
+    {F(nlpctn), 8, 1, -12.3456, "de_DE", U8, " -1235% "},
     {F(nlpctn), 6, 0, -1.5, "en_US", U16, "-150% "},
     // PERCENT shows a plain zero; every negative value still gets the sign.
     {F(nlpctn), 6, 0, -0.001, "en_US", U8, "  -0% "},

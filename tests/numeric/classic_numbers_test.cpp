@@ -131,9 +131,13 @@ const Example kExamples[] = {
     {kDollar, 2, -1234.567, "$-1234.57"}, {kDollar, 2, -1234.567, "$-1234.6"},
     {kDollar, 2, -1234.567, "$-1235"}, {kDollar, 2, -1234.567, "-1235"},
     {kDollar, 2, 0.5, "$.50"}, {kDollar, 2, -0.001, "$0.00"}, {kDollar, 0, 12, "*"},
-    // PERCENT: brackets only around what does not round to zero.
-    {kPercent, 0, 0.1, "      10% "}, {kPercent, 0, -0.05, "(      5%)"},
-    {kPercent, 2, -12.3456789, "(                      1234.57%)"},
+    // PERCENT: right-aligned, brackets beside the digits and only around
+    // what does not round to zero; "," between groups, dropped before decimals.
+    {kPercent, 0, 0.1, "      10% "}, {kPercent, 0, -0.05, "      (5%)"},
+    {kPercent, 2, -12.3456789, "                     (1,234.57%)"},
+    {kPercent, 1, 1234.5678, "  123,456.8% "}, {kPercent, 1, -1234.5678, "(123,456.8%)"},
+    {kPercent, 1, 1234.5678, " 123456.8% "}, {kPercent, 1, -1234.5678, "(123457%)"},
+    {kPercent, 0, -0.05, "(5%)"},
     {kPercent, 1, 0.125, "  12.5% "}, {kPercent, 0, 0.05, " 5% "}, {kPercent, 2, 0.005, " .5% "},
     {kPercent, 2, -0.999, "(100%)"}, {kPercent, 2, -0.0000001, "    0.00% "},
     {kPercent, 0, -0.0, "   0% "}, {kPercent, 0, 12.34, "*****"}, {kPercent, 0, 0.1, "***"},
@@ -174,18 +178,23 @@ struct ReadBack {
 
 // Reads back the field `format` wrote, or nothing when the field breaks its
 // layout: PERCENT's frame, right alignment, "$" and "<" where they belong,
-// commas in groups of three for COMMA and DOLLAR only, at most 15
+// commas in groups of three for COMMA, DOLLAR and PERCENT only, at most 15
 // significant digits followed by zeros.
 std::optional<ReadBack> read_back(std::string text, const ClassicFormat &format) {
   bool negate = false;
   if (format.render == zfmpct) {
+    // The number ends before "%" and ")" (or a blank); "(" stands right
+    // before it, and a positive value leaves the first byte free for it.
     const std::size_t w = text.size();
-    negate = text[0] == '(';
-    if (w < 4 || text[w - 2] != '%' || text[w - 3] == ' ' || negate != (text[w - 1] == ')') ||
+    negate = text[w - 1] == ')';
+    if (w < 4 || text[w - 2] != '%' || text[w - 3] == ' ' ||
         (!negate && (text[0] != ' ' || text[w - 1] != ' '))) {
       return {};
     }
-    text = text.substr(1, w - 3);
+    text = text.substr(0, w - 2);
+    text.erase(0, text.find_first_not_of(' '));
+    if (negate != text.starts_with('(')) return {};
+    text.erase(0, negate ? 1 : 0);
   }
   text.erase(0, text.find_first_not_of(' '));
   const bool dollar = format.render == zfmdlr && text.starts_with('$');
@@ -194,7 +203,10 @@ std::optional<ReadBack> read_back(std::string text, const ClassicFormat &format)
   const std::size_t sign = number.starts_with('-') ? 1 : 0;
   const std::string integer = number.substr(sign, number.find_first_of(".E") - sign);
   if (integer.find(',') != std::string::npos) {
-    if ((format.render != zfmcma && format.render != zfmdlr) || integer[0] == ',') return {};
+    if ((format.render != zfmcma && format.render != zfmdlr && format.render != zfmpct) ||
+        integer[0] == ',') {
+      return {};
+    }
     for (std::size_t i = 0; i < integer.size(); ++i) {
       if ((integer[i] == ',') != ((integer.size() - i) % 4 == 0)) return {};
     }

@@ -23,6 +23,7 @@ constexpr LocaleRecipe kRecipes[] = {
     {kUtf8Locale, "C", "UTF-8"},
     {kLatin1Locale, "de_DE", "ISO-8859-1"},
     {kEucJpLocale, "ja_JP", "EUC-JP"},
+    {kTurkishUtf8Locale, "tr_TR", "UTF-8"},
     {kUnknownCodesetLocale, "de_DE", ""},
 };
 

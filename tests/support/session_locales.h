@@ -9,6 +9,8 @@ namespace corvinel::testing {
 inline constexpr const char *kUtf8Locale = "C.UTF-8";
 inline constexpr const char *kLatin1Locale = "de_DE.ISO-8859-1";
 inline constexpr const char *kEucJpLocale = "ja_JP.EUC-JP";
+// A Turkish UTF-8 session: its towupper maps i to İ.
+inline constexpr const char *kTurkishUtf8Locale = "tr_TR.UTF-8";
 // A locale whose codeset iconv does not know (ISO-8859-1 under another name).
 inline constexpr const char *kUnknownCodesetLocale = "de_DE.X-CORVINEL-UNKNOWN";
 // The C locale: its codeset is ASCII ("ANSI_X3.4-1968").

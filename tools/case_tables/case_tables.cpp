@@ -25,8 +25,17 @@
 // installs; a newer ICU gives the same tables as long as the simple case
 // pairs of these old characters stay as they are.
 //
+// Greek capitals.  Greek drops its accents in capitals (ΜΆΙΟΣ is written
+// ΜΑΪΟΣ).  For every letter of the Greek and Greek Extended blocks whose
+// canonical decomposition is a Greek letter and diacritics, the tool lists
+// the simple upper case of that letter (Ϊ or Ϋ where the diacritics hold a
+// dialytika) and what the letter carried: an accent (any diacritic but the
+// dialytika and the iota subscript), a dialytika, and whether it is a vowel.
+//
 // Usage: case_tables_generator OUTPUT
 #include <unicode/uchar.h>
+#include <unicode/unorm2.h>
+#include <unicode/uscript.h>
 #include <unicode/uversion.h>
 
 #include <array>
@@ -172,6 +181,66 @@ void write_aux(std::ostream &out, const char *name, const Tables &tables) {
   out << "    {0, 0},\n};\n\n";
 }
 
+// Flags of a Greek capital, as unicode_tables.h names them.
+constexpr int kGreekVowel = 1;
+constexpr int kGreekAccent = 2;
+constexpr int kGreekDialytika = 4;
+
+struct GreekCapital {
+  UChar32 from, capital;
+  int flags;
+};
+
+std::vector<GreekCapital> greek_capitals() {
+  UErrorCode status = U_ZERO_ERROR;
+  const UNormalizer2 *nfd = unorm2_getNFDInstance(&status);
+  if (U_FAILURE(status)) {
+    std::cerr << "no NFD normalizer: " << u_errorName(status) << "\n";
+    std::exit(1);
+  }
+  std::vector<GreekCapital> capitals;
+  for (const auto &[first, last] : {std::pair{0x0370, 0x03FF}, std::pair{0x1F00, 0x1FFF}}) {
+    for (UChar32 c = first; c <= last; ++c) {
+      UChar source[2] = {static_cast<UChar>(c)};
+      UChar parts[8];
+      status = U_ZERO_ERROR;
+      const int32_t n = unorm2_normalize(nfd, source, 1, parts, 8, &status);
+      if (U_FAILURE(status) || n < 2) continue;
+      const UChar32 base = parts[0];
+      if (uscript_getScript(base, &status) != USCRIPT_GREEK || !u_isalpha(base)) continue;
+      const UChar32 upper = u_toupper(base);
+      int flags = 0;
+      for (int32_t i = 1; i < n; ++i) {
+        if (parts[i] == 0x0308) {
+          flags |= kGreekDialytika;
+        } else if (parts[i] != 0x0345) {
+          flags |= kGreekAccent;
+        }
+      }
+      if (upper == 0x0391 || upper == 0x0395 || upper == 0x0397 || upper == 0x0399 ||
+          upper == 0x039F || upper == 0x03A5 || upper == 0x03A9) {
+        flags |= kGreekVowel;
+      }
+      UChar32 capital = upper;
+      if ((flags & kGreekDialytika) != 0 && upper == 0x0399) capital = 0x03AA;
+      if ((flags & kGreekDialytika) != 0 && upper == 0x03A5) capital = 0x03AB;
+      capitals.push_back({c, capital, flags});
+    }
+  }
+  return capitals;
+}
+
+void write_greek(std::ostream &out, const std::vector<GreekCapital> &capitals) {
+  out << "// Greek letters with diacritics, by code point: the capital without accents\n"
+         "// (a dialytika kept) and what the letter carries.\n"
+         "const GreekCapital skz_greek_capitals[] = {\n";
+  for (const GreekCapital &g : capitals) {
+    out << "    {" << hex4(g.from) << ", " << hex4(g.capital) << ", " << g.flags << "},\n";
+  }
+  out << "};\n\n"
+      << "const int32_t skz_greek_capital_count = " << capitals.size() << ";\n\n";
+}
+
 }  // namespace
 
 int main(int argc, char **argv) {
@@ -207,6 +276,7 @@ int main(int argc, char **argv) {
   write_shift(out, "skz_downshift", lower);
   write_aux(out, "skz_upaux", upper);
   write_aux(out, "skz_downaux", lower);
+  write_greek(out, greek_capitals());
   out << "}  // namespace corvinel::encoding\n";
 
   std::ofstream file(argv[1], std::ios::binary);

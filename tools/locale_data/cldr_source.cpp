@@ -58,17 +58,26 @@ icu::DateFormatSymbols::DtContextType icu_context(NameContext context) {
 }
 
 icu::DateFormatSymbols::DtWidthType icu_width(NameWidth width) {
-  return width == NameWidth::kWide ? icu::DateFormatSymbols::WIDE
-                                   : icu::DateFormatSymbols::ABBREVIATED;
+  switch (width) {
+    case NameWidth::kWide:
+      return icu::DateFormatSymbols::WIDE;
+    case NameWidth::kNarrow:
+      return icu::DateFormatSymbols::NARROW;
+    case NameWidth::kAbbreviated:
+      break;
+  }
+  return icu::DateFormatSymbols::ABBREVIATED;
 }
 
 }  // namespace
 
 struct CldrLocale::Data {
   std::string name;
-  icu::Locale locale;         // texts and patterns, Gregorian calendar
+  icu::Locale locale;         // texts and patterns in the locale's calendar
   icu::Locale region_locale;  // week and paper data
+  std::string calendar_type;  // the locale's default calendar
   std::unique_ptr<icu::DateFormatSymbols> symbols;
+  std::unique_ptr<icu::DateFormatSymbols> gregorian_symbols;
   std::unique_ptr<icu::DateTimePatternGenerator> generator;
   std::unique_ptr<icu::Calendar> calendar;
 };
@@ -76,11 +85,20 @@ struct CldrLocale::Data {
 CldrLocale::CldrLocale(const std::string &locale, const std::string &region)
     : data_(std::make_unique<Data>()) {
   data_->name = locale;
-  data_->locale = icu::Locale((locale + "@calendar=gregorian").c_str());
+  data_->calendar_type = default_calendar();
+  // Patterns and era names come from the locale's own calendar where it
+  // counts years of another era with the Gregorian months (the Buddhist
+  // calendar of Thailand: the expander's era years show its year); every
+  // other record writes Gregorian dates.
+  const std::string calendar = data_->calendar_type == "buddhist" ? "buddhist" : "gregorian";
+  data_->locale = icu::Locale((locale + "@calendar=" + calendar).c_str());
   data_->region_locale = icu::Locale(("und_" + region).c_str());
   UErrorCode status = U_ZERO_ERROR;
-  data_->symbols = std::make_unique<icu::DateFormatSymbols>(data_->locale, status);
+  data_->symbols = std::make_unique<icu::DateFormatSymbols>(data_->locale, calendar.c_str(), status);
   check(status, "date symbols of " + locale);
+  data_->gregorian_symbols =
+      std::make_unique<icu::DateFormatSymbols>(icu::Locale((locale + "@calendar=gregorian").c_str()), status);
+  check(status, "Gregorian date symbols of " + locale);
   data_->generator.reset(icu::DateTimePatternGenerator::createInstance(data_->locale, status));
   check(status, "pattern generator of " + locale);
   data_->calendar.reset(icu::Calendar::createInstance(
@@ -116,11 +134,19 @@ std::u16string CldrLocale::combination_pattern() const {
 std::u16string CldrLocale::era_name() const {
   int32_t count = 0;
   const icu::UnicodeString *eras = data_->symbols->getEras(count);
-  if (count < 2) throw std::runtime_error("no era names in " + data_->name);
+  if (count < 1) throw std::runtime_error("no era names in " + data_->name);
+  return to_u16(eras[count - 1]);  // the current era: the common era, the Buddhist era
+}
+
+std::u16string CldrLocale::gregorian_era_name() const {
+  int32_t count = 0;
+  const icu::UnicodeString *eras = data_->gregorian_symbols->getEras(count);
+  if (count < 2) throw std::runtime_error("no Gregorian era names in " + data_->name);
   return to_u16(eras[1]);
 }
 
 std::string CldrLocale::default_calendar() const {
+  if (!data_->calendar_type.empty()) return data_->calendar_type;
   UErrorCode status = U_ZERO_ERROR;
   std::unique_ptr<icu::Calendar> calendar(icu::Calendar::createInstance(icu::Locale(data_->name.c_str()), status));
   check(status, "no calendar for " + data_->name);
@@ -129,25 +155,25 @@ std::string CldrLocale::default_calendar() const {
 
 std::vector<std::u16string> CldrLocale::months(NameContext context, NameWidth width) const {
   int32_t count = 0;
-  const auto *names = data_->symbols->getMonths(count, icu_context(context), icu_width(width));
+  const auto *names = data_->gregorian_symbols->getMonths(count, icu_context(context), icu_width(width));
   return to_vector(names, count, 0);
 }
 
 std::vector<std::u16string> CldrLocale::weekdays(NameContext context, NameWidth width) const {
   int32_t count = 0;
-  const auto *names = data_->symbols->getWeekdays(count, icu_context(context), icu_width(width));
+  const auto *names = data_->gregorian_symbols->getWeekdays(count, icu_context(context), icu_width(width));
   return to_vector(names, count, 1);  // element 0 is unused
 }
 
 std::vector<std::u16string> CldrLocale::quarters(NameContext context, NameWidth width) const {
   int32_t count = 0;
-  const auto *names = data_->symbols->getQuarters(count, icu_context(context), icu_width(width));
+  const auto *names = data_->gregorian_symbols->getQuarters(count, icu_context(context), icu_width(width));
   return to_vector(names, count, 0);
 }
 
 std::vector<std::u16string> CldrLocale::am_pm() const {
   int32_t count = 0;
-  const auto *names = data_->symbols->getAmPmStrings(count);
+  const auto *names = data_->gregorian_symbols->getAmPmStrings(count);
   return to_vector(names, count, 0);
 }
 

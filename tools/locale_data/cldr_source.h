@@ -8,7 +8,7 @@
 namespace corvinel::locale_data {
 
 enum class DateStyle { kFull, kLong, kMedium, kShort };
-enum class NameWidth { kAbbreviated, kWide };
+enum class NameWidth { kAbbreviated, kWide, kNarrow };
 enum class NameContext { kFormat, kStandalone };
 enum class NumberStyle { kDecimal, kCurrency, kPercent };
 
@@ -26,8 +26,11 @@ class CldrLocale {
   std::u16string best_pattern(const char *skeleton) const;
   // The medium date-time combination, such as "{1}, {0}".
   std::u16string combination_pattern() const;
-  // Abbreviated name of the common era.
+  // Abbreviated name of the current era of the locale's calendar (the
+  // common era; the Buddhist era where that is the default calendar), and
+  // of the common era.
   std::u16string era_name() const;
+  std::u16string gregorian_era_name() const;
   // The calendar the locale uses by default ("gregorian", "buddhist", ...).
   std::string default_calendar() const;
 

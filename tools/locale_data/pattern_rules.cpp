@@ -34,16 +34,16 @@ std::u16string directive_for(char16_t letter, std::size_t count, const DateField
     case u'Y':
       return count == 2 ? u"%g" : u"%G";
     case u'M':
-      if (count == 1) return style.pad_month ? u"%m" : u"%o";
+      if (count == 1) return u"%#m";
       if (count == 2) return u"%m";
       if (count == 4) return style.standalone_month ? u"%#B" : u"%B";
       return style.standalone_month ? u"%#b" : u"%b";
     case u'L':
-      if (count == 1) return style.pad_month ? u"%m" : u"%o";
+      if (count == 1) return u"%#m";
       if (count == 2) return u"%m";
       return count == 4 ? u"%#B" : u"%#b";
     case u'd':
-      return count == 1 && !style.pad_day ? u"%e" : u"%d";
+      return count == 1 ? u"%#d" : u"%d";
     case u'D':
       return u"%j";
     case u'E':
@@ -56,13 +56,13 @@ std::u16string directive_for(char16_t letter, std::size_t count, const DateField
     case u'q':
       return count == 4 ? u"%#Q" : u"%#q";
     case u'h':
-      return u"%I";
+      return count == 1 ? u"%#I" : u"%I";
     case u'K':
-      return u"%L";
+      return count == 1 ? u"%#L" : u"%L";
     case u'H':
-      return u"%H";
+      return count == 1 ? u"%#H" : u"%H";
     case u'k':
-      return u"%K";
+      return count == 1 ? u"%#K" : u"%K";
     case u'm':
       return u"%M";
     case u's':

@@ -11,21 +11,19 @@ namespace corvinel::locale_data {
 // expander. The rules, one pattern letter run at a time:
 //   y, yyy, yyyy, u, r    "%Y"        yy            "%y"
 //   Y (week-based year)   "%G"        YY            "%g"
-//   M, L (numeric month)  "%m" when months are padded, else "%o"
-//   MM, LL                "%m"
+//   M, L (numeric month)  "%#m"       MM, LL        "%m"
 //   MMM / MMMMM           "%b", or "%#b" when months stand alone
 //   MMMM                  "%B", or "%#B" when months stand alone
 //   LLL / LLLLL, LLLL     "%#b", "%#B"
-//   d                     "%d" when days are padded, else "%e"
-//   dd                    "%d"
+//   d                     "%#d"       dd            "%d"
 //   D (day of year)       "%j"
 //   E, EE, EEE, EEEEE, e, eee, eeeee, EEEEEE     "%a"
 //   EEEE, eeee            "%A"
 //   c, ccc, ccccc         "%#a"       cccc          "%#A"
 //   Q, QQ, QQQ, QQQQQ     "%q"        QQQQ          "%Q"
 //   q, qq, qqq, qqqqq     "%#q"       qqqq          "%#Q"
-//   h, hh                 "%I"        K, KK         "%L"
-//   H, HH                 "%H"        k, kk         "%K"
+//   h, hh                 "%#I", "%I" K, KK         "%#L", "%L"
+//   H, HH                 "%#H", "%H" k, kk         "%#K", "%K"
 //   m, mm                 "%M"        s, ss         "%S"
 //   a, b, B (day periods) "%p"
 //   z, Z, O, v, V, X, x   "%Z"        (the expander writes no zone names)
@@ -35,10 +33,12 @@ namespace corvinel::locale_data {
 //   %                     "%%"
 //   U+00A0, U+202F        " " (no-break spaces become blanks)
 //   U+200E, U+200F, U+061C  dropped (bidirectional marks)
+// A number field keeps CLDR's padding: one letter writes as many digits as
+// the number has ("%#d" shows 5, not " 5" or "05"), two letters pad with a
+// zero. No pattern gets a blank-padded directive ("%e", "%o"): a blank in
+// the middle of a date reads as two blanks after a word.
 // Any other letter is an error: the generator stops rather than guess.
 struct DateFieldStyle {
-  bool pad_day = true;            // d: "%d" (true) or "%e"
-  bool pad_month = true;          // M: "%m" (true) or "%o"
   bool standalone_month = false;  // MMMM, MMM: standalone names
 };
 

@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "pattern_rules.h"
+#include "short_items.h"
 #include "unicode_text.h"
 
 namespace corvinel::locale_data {
@@ -47,9 +48,12 @@ std::u16string time12_with_seconds(const CldrLocale &cldr) {
 // Week patterns by the locale's week rules: weeks from Sunday ("%U"), from
 // Monday with the first Monday opening week 1 ("%W"), or ISO weeks ("%V"
 // with the ISO year "%G") where weeks start on Monday and the first week
-// needs four days. Latin-script languages write "Week 05 2024"/"W05 24",
-// the others the ISO-like "2024-W05"/"24-W05".
-std::pair<std::string, std::string> week_patterns(const CldrLocale &cldr) {
+// needs four days. Latin-script languages write "Week 05 2024"/"W05 24".
+// The others write the ISO-like "2024-W05"/"24-W05", which the rules
+// number as ISO weeks (apply_date_item_rules).  A record whose calendar
+// counts another era keeps its own weeks with the "Week" form, whose year
+// the era rule turns into the era's year.
+std::pair<std::string, std::string> week_patterns(const CldrLocale &cldr, bool era_years) {
   std::string week = "%U";
   std::string year = "%Y";
   std::string short_year = "%y";
@@ -59,7 +63,7 @@ std::pair<std::string, std::string> week_patterns(const CldrLocale &cldr) {
     year = iso ? "%G" : "%Y";
     short_year = iso ? "%g" : "%y";
   }
-  if (cldr.latin_script()) return {"Week " + week + " " + year, "W" + week + " " + short_year};
+  if (cldr.latin_script() || era_years) return {"Week " + week + " " + year, "W" + week + " " + short_year};
   return {year + "-W" + week, short_year + "-W" + week};
 }
 
@@ -132,9 +136,9 @@ LocaleRecord build_record(const RecordSource &source, GlibcLocales &glibc, Recor
   // datetimes with a 12-hour clock, times with a zone) write their
   // characters with the lower-case escape letter.
   const std::u16string era = cldr.era_name();
-  const DateFieldStyle padded{true, true, false};
-  const DateFieldStyle unpadded{false, false, false};
-  const DateFieldStyle standalone{true, true, true};
+  const DateFieldStyle padded{false};  // CLDR's padding: see convert_date_pattern
+  const DateFieldStyle unpadded{false};
+  const DateFieldStyle standalone{true};
   const auto convert = [&](const std::u16string &pattern, const DateFieldStyle &style) {
     return convert_date_pattern(pattern, style, era);
   };
@@ -161,9 +165,13 @@ LocaleRecord build_record(const RecordSource &source, GlibcLocales &glibc, Recor
   // rules join after the fixed values (apply_date_item_rules).
   const std::u16string own_hour = cldr.best_pattern("jmmssz");
   const std::u16string own_time = convert(own_hour, padded);
-  clock.twelve_hour = own_time.find(u"%I") != std::u16string::npos || own_time.find(u"%L") != std::u16string::npos;
+  clock.twelve_hour = false;
+  for (const char16_t *hour : {u"%I", u"%#I", u"%L", u"%#L"}) {
+    clock.twelve_hour = clock.twelve_hour || own_time.find(hour) != std::u16string::npos;
+  }
   clock.era_years = cldr.default_calendar() == "buddhist";
-  clock.gregorian_marker = ascii(era);
+  if (clock.era_years) clock.era_marker = ascii(era);
+  clock.gregorian_marker = ascii(cldr.gregorian_era_name());
   patterns[54] = convert(cldr.best_pattern(clock.twelve_hour ? "hmm" : "Hmm"), padded);
   patterns[55] = patterns[clock.twelve_hour ? 52 : 53];
   patterns[56] = own_time;
@@ -186,9 +194,33 @@ LocaleRecord build_record(const RecordSource &source, GlibcLocales &glibc, Recor
                        code == 56 || code == 57;
     record[code] = item_text(patterns[code], lower ? EscapeForm::kLowerU : EscapeForm::kUpper);
   }
-  const auto [week_long, week_short] = week_patterns(cldr);
+  const auto [week_long, week_short] = week_patterns(cldr, clock.era_years);
   record[item::kWeekLong] = week_long;
   record[item::kWeekShort] = week_short;
+
+  // CLDR's next shorter skeletons of the short items, for the rule that
+  // makes them fit their formats (apply_date_item_rules); those of the
+  // datetimes are their date parts.
+  for (const ShortItem &entry : short_items()) {
+    for (const ShorterSkeleton &shorter : entry.shorter) {
+      const DateFieldStyle &style = entry.item == 35 ? standalone : unpadded;
+      std::string pattern = ascii(convert(cldr.best_pattern(shorter.skeleton), style));
+      const auto replace_all = [&](const std::string &from, const std::string &to) {
+        for (std::size_t at = pattern.find(from); at != std::string::npos; at = pattern.find(from, at + to.size())) {
+          pattern.replace(at, from.size(), to);
+        }
+      };
+      if (shorter.use == SkeletonUse::kAbbreviatedQuarter || shorter.use == SkeletonUse::kStandaloneQuarter) {
+        replace_all("%Q", "%q");
+      }
+      if (shorter.use == SkeletonUse::kStandaloneQuarter) replace_all("%q", "%#q");
+      clock.shorter.push_back({entry.item, pattern, shorter.reason, shorter.use == SkeletonUse::kNumericQuarter,
+                               shorter.twenty_four_hour});
+    }
+  }
+  for (const std::u16string &name : cldr.quarters(NameContext::kFormat, NameWidth::kNarrow)) {
+    clock.narrow_quarters.push_back(ascii(name));
+  }
 
   // Names: the forms used inside a date, then the standalone forms.
   using enum NameContext;
