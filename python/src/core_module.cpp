@@ -71,6 +71,12 @@ py::array render(const py::array &values, int storage, int64_t ticks_per_second,
                  const std::string &codeset, bool strip, unsigned threads, const py::object &zone_offsets) {
   if (format_index < 0 || format_index >= CORVINEL_FORMAT_COUNT) throw py::value_error("no such format");
   if (session_handle == 0) throw py::value_error("no session");
+  if (storage < 0 || storage > 2) throw py::value_error("no such storage");
+  // Ticks come in numpy's units of seconds (whole days only for dates).
+  const bool known_unit = ticks_per_second == 1 || ticks_per_second == 1000 || ticks_per_second == 1000000 ||
+                          ticks_per_second == 1000000000 ||
+                          (ticks_per_second == 0 && storage != static_cast<int>(ColumnStorage::kTimedelta64));
+  if (storage != static_cast<int>(ColumnStorage::kDouble) && !known_unit) throw py::value_error("no such unit");
   Column column;
   column.storage = static_cast<ColumnStorage>(storage);
   column.ticks_per_second = ticks_per_second;

@@ -60,7 +60,6 @@ struct Rendering {
 // datetime as seconds from that midnight, a time as seconds since midnight.
 // NaN, NaT and dates the host's calendar lacks give the standard missing
 // value; a NaN that already is one of the host's missing values is kept.
-// One per thread: it remembers the day numbers of the months it met.
 class HostValues {
  public:
   HostValues(const Column &column, ValueKind kind) : column_(column), kind_(kind) {}
@@ -68,26 +67,27 @@ class HostValues {
 
  private:
   double from_datetime64(int64_t ticks);
-  double day_number(int64_t days_from_1970);
-
-  struct MonthStart {
-    int64_t month = INT64_MIN;  // year * 12 + month - 1
-    double day_number = 0;      // of its first day
-  };
-  static constexpr std::size_t kMonthSlots = 1024;
 
   const Column &column_;
   ValueKind kind_;
-  MonthStart months_[kMonthSlots];
 };
 
-// The host's day number of a proleptic Gregorian date.
+// The host's day number of a day count from 1970-01-01 in numpy's
+// (proleptic Gregorian) calendar: the same as host_day_number of its year,
+// month and day, or the standard missing value for the 29 February of a year
+// divisible by 4000, which the module's calendar lacks.
+double day_number(int64_t days_from_1970);
+
+// The host's day number of a proleptic Gregorian date: zmdy's within the
+// module's calendar, the host tool's count of days from 1 January 1960
+// outside it.
 double host_day_number(int64_t year, int64_t month, int64_t day);
 
 // Renders every element into `out`: `slot` UCS-4 characters per element,
-// NUL-padded as numpy keeps them.  Contiguous chunks go to up to `threads`
-// threads; the text does not depend on their number.  Returns 0, or the
-// first result other than 0 a format gave.
+// NUL-padded as numpy keeps them.  The calling thread and up to `threads` - 1
+// others take chunks of the column in turn; the text does not depend on
+// their number.  Returns 0, or the result other than 0 a format gave for the
+// first element it failed on.
 int32_t render_column(const Column &column, const Rendering &rendering, const Session &session,
                       char32_t *out, std::size_t slot, unsigned threads);
 
