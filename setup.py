@@ -59,7 +59,7 @@ class BuildWithModule(build_ext):
 
 core = Pybind11Extension(
     "corvinel._core",
-    sources=["python/src/core_module.cpp", "python/src/render_columns.cpp"],
+    sources=["python/src/core_module.cpp", "python/src/render_columns.cpp", "python/src/result_memory.cpp"],
     include_dirs=[str(ROOT / "include"), str(ROOT / "python" / "src")],
     cxx_std=20,
     extra_compile_args=["-O2", "-Wall", "-Wextra", "-Werror"],

@@ -9,6 +9,9 @@
 
 #include <array>
 #include <cstring>
+#include <limits>
+#include <memory>
+#include <new>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -17,6 +20,7 @@
 #include "corvinel/locale_db.h"
 #include "corvinel/version.h"
 #include "render_columns.h"
+#include "result_memory.h"
 
 namespace py = pybind11;
 
@@ -66,6 +70,26 @@ std::tuple<std::uintptr_t, std::string> open_session(const std::string &name) {
   return {reinterpret_cast<std::uintptr_t>(locale), nl_langinfo_l(CODESET, locale)};
 }
 
+// An uninitialised array of `count` texts of `slot` characters: every slot
+// is written whole, NUL padding included.  A large one uses kept memory
+// (result_memory.h), returned when numpy frees the array.
+py::array result_array(std::size_t count, std::size_t slot) {
+  const std::string text_type = "<U" + std::to_string(slot);
+  const std::size_t slot_bytes = slot * sizeof(char32_t);
+  if (count > std::numeric_limits<std::size_t>::max() / slot_bytes || count * slot_bytes < kKeptResultBytes) {
+    return py::module_::import("numpy").attr("empty")(count, text_type);  // numpy says when it is too large
+  }
+  auto memory = std::make_unique<ResultMemory>(take_result_memory(count * slot_bytes));
+  if (memory->data == nullptr) throw std::bad_alloc();
+  void *data = memory->data;
+  const py::capsule owner(memory.get(), [](void *kept) {
+    const std::unique_ptr<ResultMemory> returned(static_cast<ResultMemory *>(kept));
+    give_back_result_memory(*returned);
+  });
+  memory.release();  // the capsule owns it now
+  return py::array(py::dtype(text_type), {count}, {slot_bytes}, static_cast<char32_t *>(data), owner);
+}
+
 py::array render(const py::array &values, int storage, int64_t ticks_per_second, int format_index, int32_t width,
                  int32_t decimals, int32_t locale_number, int kind, std::uintptr_t session_handle,
                  const std::string &codeset, bool strip, unsigned threads, const py::object &zone_offsets) {
@@ -112,9 +136,7 @@ py::array render(const py::array &values, int storage, int64_t ticks_per_second,
 
   // A field holds at most `width` bytes, so at most `width` characters.
   const std::size_t slot = static_cast<std::size_t>(std::max<int32_t>(width, 1));
-  // numpy's empty, not zeros: calloc's zeroed pages cost the threads more
-  // in faults, and every slot is written whole anyway, NUL padding included.
-  const py::array result = py::module_::import("numpy").attr("empty")(column.count, "<U" + std::to_string(slot));
+  const py::array result = result_array(column.count, slot);
   auto *out = static_cast<char32_t *>(const_cast<void *>(result.data()));
   int32_t failure = 0;
   {

@@ -143,6 +143,24 @@ def test_threads_split_the_column_without_changing_a_character():
         corvinel.format(values, "NLNUM12.2", threads=0)
 
 
+def test_large_results_reuse_memory_without_old_text():
+    # The memory of a large result numpy freed serves the next one: nothing
+    # of the earlier text may show, and a result still alive keeps its own.
+    amounts = np.arange(300_000) * 1.25
+    wide = corvinel.format(amounts, "NLNUM32.2", "de_DE")  # 38 MB, right-aligned
+    alive = corvinel.format(amounts, "NLNUM32.2", "fr_FR")
+    assert not np.shares_memory(wide, alive)
+    del wide
+    short = corvinel.format(amounts, "NLNUM32.2", "de_DE", strip=True)
+    assert not np.shares_memory(short, alive)
+    # Pieces under a megabyte come from numpy's own memory.
+    pieces = [corvinel.format(amounts[i:i + 5000], "NLNUM32.2", "de_DE", strip=True)
+              for i in range(0, amounts.size, 5000)]
+    assert np.array_equal(short, np.concatenate(pieces))
+    assert short[1000] == "1.250,00"
+    assert np.array_equal(alive[:5000], corvinel.format(amounts[:5000], "NLNUM32.2", "fr_FR"))
+
+
 def test_registry_locales_and_version_match_the_module():
     registry = corvinel.formats()
     assert len(registry) == 144 and len(corvinel.locales()) == 136
