@@ -1,7 +1,6 @@
 #include "render_columns.h"
 
 #include <iconv.h>
-#include <sys/mman.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -254,18 +253,6 @@ Failure render_chunks(const Column &column, const Rendering &rendering, const Se
   return failure;
 }
 
-// A large result is fresh memory that the threads fault in as they write
-// it, a fault per 4 KiB page.  Where the kernel gives transparent huge pages
-// on request, one fault per 2 MiB does.  Only the whole huge pages inside the
-// array are asked for; the advice changes no byte.
-void advise_huge_pages(void *data, std::size_t bytes) {
-  constexpr std::uintptr_t kHugePage = std::uintptr_t{2} << 20;
-  const std::uintptr_t start = reinterpret_cast<std::uintptr_t>(data);
-  const std::uintptr_t first = (start + kHugePage - 1) & ~(kHugePage - 1);
-  const std::uintptr_t last = (start + bytes) & ~(kHugePage - 1);
-  if (last > first) madvise(reinterpret_cast<void *>(first), last - first, MADV_HUGEPAGE);
-}
-
 }  // namespace
 
 double host_day_number(int64_t year, int64_t month, int64_t day) {
@@ -343,7 +330,6 @@ int32_t render_column(const Column &column, const Rendering &rendering, const Se
                       std::size_t slot, unsigned threads) {
   const std::size_t most_threads = std::max<std::size_t>(1, column.count / kLeastPerThread);
   const std::size_t count = std::clamp<std::size_t>(threads, 1, most_threads);
-  advise_huge_pages(out, column.count * slot * sizeof(char32_t));
   Chunks chunks(column.count);
   // The calling thread works too, beside count - 1 others.
   std::vector<Failure> failures(count);

@@ -22,6 +22,9 @@ ResultMemory take_result_memory(std::size_t bytes) {
   }
   void *data = mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
   if (data == MAP_FAILED) return {};
+  // Transparent huge pages where the kernel gives them on request: a fault
+  // per 2 MiB instead of per 4 KiB when the threads first write the result.
+  madvise(data, bytes, MADV_HUGEPAGE);
   return {data, bytes};
 }
 

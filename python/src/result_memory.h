@@ -4,7 +4,8 @@
 // on a two-core machine that took a quarter of the work.  Every byte of a
 // result is written anyway (text, then NUL padding), so the memory of the
 // last large result Python freed is kept, already faulted in, for the next
-// one.  At most one such buffer is kept idle.
+// one.  At most one such buffer is kept idle.  Fresh buffers are asked to
+// use transparent huge pages.
 #pragma once
 
 #include <cstddef>
